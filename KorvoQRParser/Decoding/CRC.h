@@ -1,0 +1,15 @@
+#ifndef KORVOQRPARSER_DECODING_CRC_H
+#define KORVOQRPARSER_DECODING_CRC_H
+
+#include <cstdint>
+#include <string_view>
+
+namespace korvo {
+
+/// CRC-16/CCITT-FALSE of the text's UTF-8 bytes: width 16, polynomial 0x1021, initial value 0xFFFF, not
+/// reflected, no final XOR. Any bytes are allowed. Linear, allocates nothing, callable from any thread.
+std::uint16_t computeCRC16(std::string_view text) noexcept;
+
+}  // namespace korvo
+
+#endif

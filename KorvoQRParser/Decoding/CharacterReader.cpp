@@ -1,0 +1,168 @@
+#include <KorvoQRParser/Decoding/CharacterReader.h>
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+#include <memory>
+
+#include <unicode/ubrk.h>
+#include <unicode/uchar.h>
+#include <unicode/utext.h>
+#include <unicode/utf8.h>
+
+namespace korvo {
+
+namespace {
+
+constexpr std::size_t malformed = std::string_view::npos;
+
+// How far ahead one look for plain characters goes: longer than any payload in use, short enough that a huge
+// text whose beginning already tells the answer costs nothing.
+constexpr std::size_t plainWindow = 4096;
+
+// A byte that is a character of its own whenever ASCII follows it. CR is not: CR LF is one character.
+bool isPlain(char byte) noexcept {
+    return static_cast<unsigned char>(byte) < 0x80 && byte != '\r';
+}
+
+// isPlain for eight bytes at once; may say false where a CR stands beside them, never true wrongly.
+bool areEightPlain(const char* bytes) noexcept {
+    constexpr std::uint64_t ones = 0x0101010101010101U;
+    constexpr std::uint64_t highBits = ones << 7U;
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes, sizeof word);
+    const std::uint64_t zeroWhereCR = word ^ (ones * '\r');
+    const std::uint64_t highWhereZero = (zeroWhereCR - ones) & ~zeroWhereCR;
+    return ((word | highWhereZero) & highBits) == 0;
+}
+
+// Between two code points of these classes there is a boundary in every version of UAX #29, whatever stands
+// around them, CR LF excepted. Everything else is for the Unicode library to decide.
+bool isStandalone(std::int32_t codePoint) noexcept {
+    switch (u_getIntPropertyValue(codePoint, UCHAR_GRAPHEME_CLUSTER_BREAK)) {
+        case U_GCB_OTHER:
+        case U_GCB_CONTROL:
+        case U_GCB_CR:
+        case U_GCB_LF:
+            return true;
+        default:
+            return false;
+    }
+}
+
+// Where the stretch ends that begins at `start` and can be cut on its own: at the first boundary between two
+// standalone code points, CR LF being none.
+std::size_t endOfStretch(std::string_view text, std::size_t start) noexcept {
+    std::size_t end = start;
+    std::int32_t previous = nextCodePoint(text, end);
+    bool previousStandsAlone = previous >= 0 && isStandalone(previous);
+    while (previous >= 0 && end < text.size()) {
+        std::size_t afterNext = end;
+        const std::int32_t next = nextCodePoint(text, afterNext);
+        const bool nextStandsAlone = next >= 0 && isStandalone(next);
+        if (previousStandsAlone && nextStandsAlone && !(previous == '\r' && next == '\n')) {
+            return end;
+        }
+        end = afterNext;
+        previous = next;
+        previousStandsAlone = nextStandsAlone;
+    }
+    return previous >= 0 ? end : malformed;
+}
+
+struct CloseICU {
+    void operator()(UBreakIterator* iterator) const noexcept { ubrk_close(iterator); }
+    void operator()(UText* text) const noexcept { utext_close(text); }
+};
+
+// The iterator costs far more to open than to use, so each thread keeps one.
+UBreakIterator* threadBreakIterator() {
+    thread_local const std::unique_ptr<UBreakIterator, CloseICU> iterator = [] {
+        UErrorCode status = U_ZERO_ERROR;
+        std::unique_ptr<UBreakIterator, CloseICU> opened(ubrk_open(UBRK_CHARACTER, "", nullptr, 0, &status));
+        return U_SUCCESS(status) ? std::move(opened) : nullptr;
+    }();
+    return iterator.get();
+}
+
+// Cuts up to `count` characters off the beginning of a stretch, lowers `count` by those cut, and returns the
+// bytes that they take. Malformed when the Unicode library refuses, as it does beyond 2 GiB.
+std::size_t cutStretch(std::string_view stretch, std::size_t& count) {
+    UBreakIterator* const iterator = threadBreakIterator();
+    if (iterator == nullptr || stretch.size() > std::numeric_limits<std::int32_t>::max()) {
+        return malformed;
+    }
+    UErrorCode status = U_ZERO_ERROR;
+    UText text = UTEXT_INITIALIZER;
+    const std::unique_ptr<UText, CloseICU> opened(
+        utext_openUTF8(&text, stretch.data(), static_cast<std::int64_t>(stretch.size()), &status));
+    ubrk_setUText(iterator, opened.get(), &status);
+    if (U_FAILURE(status)) {
+        return malformed;
+    }
+    std::size_t end = 0;
+    while (count > 0 && end < stretch.size()) {
+        end = static_cast<std::size_t>(ubrk_next(iterator));
+        --count;
+    }
+    return end;
+}
+
+}  // namespace
+
+std::int32_t nextCodePoint(std::string_view text, std::size_t& offset) noexcept {
+    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+    std::int32_t codePoint = 0;
+    U8_NEXT(bytes, offset, text.size(), codePoint);
+    return codePoint;
+}
+
+// Sets plainEnd_ to the end of the characters from `from` on that are one byte each, as far as one look goes.
+void CharacterReader::findPlainRun(std::size_t from) noexcept {
+    const std::size_t limit = from + std::min(text_.size() - from, plainWindow);
+    std::size_t end = from;
+    while (limit - end >= sizeof(std::uint64_t) && areEightPlain(text_.data() + end)) {
+        end += sizeof(std::uint64_t);
+    }
+    while (end < limit && isPlain(text_[end])) {
+        ++end;
+    }
+    // What follows the run may be a mark that joins its last byte.
+    if (end > from && end < text_.size() && static_cast<unsigned char>(text_[end]) >= 0x80) {
+        --end;
+    }
+    plainEnd_ = end;
+}
+
+// Takes `count` characters, of which at least one lies behind the plain run; false when there are fewer.
+bool CharacterReader::skip(std::size_t count) {
+    std::size_t end = offset_;
+    while (count > 0 && end < text_.size()) {
+        if (end >= plainEnd_) {
+            findPlainRun(end);
+        }
+        if (end < plainEnd_) {
+            const std::size_t step = std::min(count, plainEnd_ - end);
+            end += step;
+            count -= step;
+            continue;
+        }
+        const std::size_t stretchEnd = endOfStretch(text_, end);
+        if (stretchEnd == malformed) {
+            return false;
+        }
+        const std::size_t cut = cutStretch(text_.substr(end, stretchEnd - end), count);
+        if (cut == malformed) {
+            return false;
+        }
+        end += cut;
+    }
+    if (count > 0) {
+        return false;
+    }
+    offset_ = end;
+    plainEnd_ = std::max(plainEnd_, end);
+    return true;
+}
+
+}  // namespace korvo

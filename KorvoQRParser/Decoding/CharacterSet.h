@@ -1,0 +1,56 @@
+#ifndef KORVOQRPARSER_DECODING_CHARACTERSET_H
+#define KORVOQRPARSER_DECODING_CHARACTERSET_H
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace korvo {
+
+/// A set of Unicode code points: whole general categories, and single ones. A value; all operations may be
+/// called from any thread.
+class CharacterSet {
+  public:
+    /// The ten ASCII digits; no other Unicode digit is a member.
+    static CharacterSet numericCharacterSet();
+    /// Every decimal digit (Nd).
+    static CharacterSet decimalDigitCharacterSet();
+    /// Every letter (L*).
+    static CharacterSet letterCharacterSet();
+    /// Every letter, mark and number (L*, M*, N*).
+    static CharacterSet alphanumericCharacterSet();
+    /// Every space separator (Zs), and the tab.
+    static CharacterSet whitespaceCharacterSet();
+    /// Exactly the code points of a text, which must be valid UTF-8.
+    static CharacterSet characterSetWithCharactersInString(std::string_view text);
+    /// The alphanumeric set with the members of `set` added.
+    static CharacterSet unionAlphaNumericCharacterSetWith(const CharacterSet& set);
+    /// Letters, marks, numbers, space separators and the tab; line feeds are no members.
+    static CharacterSet alphaNumericWhiteSpaceCharacterSet();
+
+    /// Adds all members of `other`.
+    CharacterSet& formUnionWith(const CharacterSet& other);
+
+    /// Whether a code point is a member. Negative numbers, which stand for malformed bytes, never are.
+    bool contains(std::int32_t codePoint) const;
+
+  private:
+    explicit CharacterSet(std::uint32_t categories);
+    void insert(std::int32_t codePoint);
+
+    // ASCII members have a table of their own, so that the usual text never asks the Unicode data.
+    std::array<bool, 128> ascii_{};
+    std::uint32_t categories_ = 0;
+    std::vector<std::int32_t> others_;
+};
+
+/// Whether any code point of the text is a member of the set; false for an empty text.
+bool containsCharacterOf(std::string_view text, const CharacterSet& set);
+
+/// Whether every code point of the text is a member of the set; true for an empty text.
+bool consistsOfCharactersOf(std::string_view text, const CharacterSet& set);
+
+}  // namespace korvo
+
+#endif

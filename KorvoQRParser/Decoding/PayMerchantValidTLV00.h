@@ -1,0 +1,42 @@
+#ifndef KORVOQRPARSER_DECODING_PAYMERCHANTVALIDTLV00_H
+#define KORVOQRPARSER_DECODING_PAYMERCHANTVALIDTLV00_H
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace korvo {
+
+/// The tags of the one-character format, in the order of their characters: "0" to "9", "A", "B".
+// clang-format off
+enum class PayMerchantValidTLV00 : unsigned char {
+    MerchantID, MerchantName, MerchantCategoryCode, CityName, CountryCode, CurrencyCode,
+    TransactionAmount, PrimaryID, SecondaryID, TipAndFeeIndicator, ConvenienceFeeAmount,
+    ConvenienceFeePercentage,
+};
+// clang-format on
+
+namespace detail {
+
+inline constexpr std::string_view oneCharacterTags = "0123456789AB";
+
+}  // namespace detail
+
+/// The tag as it stands in a payload, letters in upper case.
+constexpr std::string_view rawValue(PayMerchantValidTLV00 tag) {
+    return detail::oneCharacterTags.substr(static_cast<std::size_t>(tag), 1);
+}
+
+/// The case that a tag in upper case names; absent when there is none.
+constexpr std::optional<PayMerchantValidTLV00> payMerchantValidTLV00(std::string_view rawValue) noexcept {
+    const std::size_t position =
+        rawValue.size() == 1 ? detail::oneCharacterTags.find(rawValue[0]) : std::string_view::npos;
+    if (position == std::string_view::npos) {
+        return std::nullopt;
+    }
+    return static_cast<PayMerchantValidTLV00>(position);
+}
+
+}  // namespace korvo
+
+#endif

@@ -1,0 +1,71 @@
+#include <KorvoQRParser/Decoding/TLVElementReader.h>
+#include <KorvoQRParser/Decoding/TagRawValues.h>
+#include <KorvoQRParser/Decoding/TextHelpers.h>
+
+namespace korvo {
+
+namespace {
+
+// The longest UTF-8 code point. A digit, in either letter case, is one code point.
+constexpr std::size_t maxDigitBytes = 4;
+
+char asciiLower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
+
+// Which bit stands for a tag. Only tags of two digits or of one ASCII character have one: no other is known
+// to any holder, and decoding ends at the first unknown tag.
+std::optional<std::size_t> seenTagBit(std::string_view tag) {
+    if (tag.size() == 1) {
+        return static_cast<unsigned char>(asciiLower(tag[0]));
+    }
+    return twoDigitNumber(tag);
+}
+
+}  // namespace
+
+std::optional<TLVDecodingError> TLVElementReader::next(TLVElement& element) {
+    const auto tag = characters_.take(format_.fieldWidth);
+    if (!tag) {
+        return TLVDecodingError::InvalidTagLength;
+    }
+    element = {*tag, {}, {}};
+    if (isRepeated(*tag)) {
+        return TLVDecodingError::RepeatedTag;
+    }
+    const auto lengthField = characters_.take(format_.fieldWidth);
+    if (!lengthField) {
+        return TLVDecodingError::InvalidTagLength;
+    }
+    element.length = *lengthField;
+    const auto length = readLength(*lengthField);
+    if (!length || *length < format_.minimumLength) {
+        return TLVDecodingError::InvalidTagLength;
+    }
+    const auto value = characters_.take(static_cast<std::size_t>(*length));
+    if (!value) {
+        return TLVDecodingError::InvalidTagLength;
+    }
+    element.value = *value;
+    return std::nullopt;
+}
+
+bool TLVElementReader::isRepeated(std::string_view tag) {
+    const std::optional<std::size_t> bit = seenTagBit(tag);
+    if (!bit) {
+        return false;
+    }
+    const bool repeated = seenTags_[*bit];
+    seenTags_.set(*bit);
+    return repeated;
+}
+
+std::optional<std::int64_t> TLVElementReader::readLength(std::string_view field) const {
+    // The lower case of a letter outside ASCII may be a digit of base 36: the Kelvin sign's is "k".
+    if (format_.fieldWidth == 1 && field.size() > 1 && field.size() <= maxDigitBytes) {
+        return parseInteger(lowerCased(field), format_.lengthRadix);
+    }
+    return parseInteger(field, format_.lengthRadix);
+}
+
+}  // namespace korvo

@@ -1,0 +1,39 @@
+#ifndef KORVOQRPARSER_DECODING_TAGRAWVALUES_H
+#define KORVOQRPARSER_DECODING_TAGRAWVALUES_H
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace korvo {
+
+/// The number that exactly two ASCII decimal digits write; absent for any other text.
+constexpr std::optional<unsigned> twoDigitNumber(std::string_view text) noexcept {
+    if (text.size() != 2 || text[0] < '0' || text[0] > '9' || text[1] < '0' || text[1] > '9') {
+        return std::nullopt;
+    }
+    return static_cast<unsigned>((text[0] - '0') * 10 + (text[1] - '0'));
+}
+
+namespace detail {
+
+constexpr std::array<char, 200> twoDigitTexts = [] {
+    std::array<char, 200> texts{};
+    for (std::size_t i = 0; i < 100; ++i) {
+        texts[2 * i] = static_cast<char>('0' + i / 10);
+        texts[2 * i + 1] = static_cast<char>('0' + i % 10);
+    }
+    return texts;
+}();
+
+}  // namespace detail
+
+/// A number below 100 as two decimal digits; the text lives as long as the program.
+constexpr std::string_view twoDigitText(unsigned number) {
+    return {detail::twoDigitTexts.data() + std::size_t{2} * number, 2};
+}
+
+}  // namespace korvo
+
+#endif

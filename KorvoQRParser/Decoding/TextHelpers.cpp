@@ -1,0 +1,176 @@
+#include <KorvoQRParser/Decoding/TextHelpers.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+#include <memory>
+
+#include <unicode/ucasemap.h>
+#include <unicode/uregex.h>
+#include <unicode/utext.h>
+
+namespace korvo {
+
+namespace {
+
+struct CloseICU {
+    void operator()(URegularExpression* expression) const noexcept { uregex_close(expression); }
+    void operator()(UCaseMap* map) const noexcept { ucasemap_close(map); }
+    void operator()(UText* text) const noexcept { utext_close(text); }
+};
+
+using UniqueText = std::unique_ptr<UText, CloseICU>;
+
+UniqueText openUTF8(UText& storage, std::string_view text, UErrorCode& status) {
+    return UniqueText(utext_openUTF8(&storage, text.data(), static_cast<std::int64_t>(text.size()), &status));
+}
+
+// The compiled pattern of this thread's last call: callers come with the same one again and again.
+struct CompiledPattern {
+    std::string pattern;
+    std::unique_ptr<URegularExpression, CloseICU> expression;
+    UErrorCode status = U_ZERO_ERROR;
+};
+
+const CompiledPattern& compile(std::string_view pattern) {
+    thread_local CompiledPattern last;
+    if (last.expression == nullptr || last.pattern != pattern) {
+        last.pattern = pattern;
+        last.status = U_ZERO_ERROR;
+        UText storage = UTEXT_INITIALIZER;
+        const UniqueText text = openUTF8(storage, last.pattern, last.status);
+        last.expression.reset(uregex_openUText(text.get(), 0, nullptr, &last.status));
+    }
+    return last;
+}
+
+}  // namespace
+
+std::size_t characterCount(std::string_view text) {
+    std::size_t count = 0;
+    for (CharacterReader reader(text); reader.take(1).has_value();) {
+        ++count;
+    }
+    return count;
+}
+
+bool hasCharacterCount(std::string_view text, std::size_t count) {
+    if (text.size() < count) {
+        return false;
+    }
+    CharacterReader reader(text);
+    return reader.take(count).has_value() && reader.atEnd();
+}
+
+bool hasMoreCharactersThan(std::string_view text, std::size_t count) {
+    // No character is shorter than a byte.
+    return text.size() > count && CharacterReader(text).take(count + 1).has_value();
+}
+
+bool beginsWith(std::string_view text, char character) {
+    if (text.empty() || text.front() != character) {
+        return false;
+    }
+    const auto first = CharacterReader(text).take(1);
+    return first && first->size() == 1;
+}
+
+std::string_view droppingLastCharacters(std::string_view text, std::size_t count) {
+    // Where the tail and the byte before it are plain, the tail's bytes are its characters.
+    if (text.size() > count) {
+        const std::string_view tail = text.substr(text.size() - count - 1);
+        const bool isPlain =
+            std::all_of(tail.begin(), tail.end(), [](char c) { return c > '\r' && c <= '~'; });
+        if (isPlain) {
+            return text.substr(0, text.size() - count);
+        }
+    }
+    const std::size_t length = characterCount(text);
+    return length > count ? substringWithOffsets(0, length - count, text) : text.substr(0, 0);
+}
+
+std::optional<std::string_view> substringFromOffset(std::size_t offset, std::string_view text) {
+    CharacterReader reader(text);
+    return reader.take(offset) ? reader.take(1) : std::nullopt;
+}
+
+std::string_view substringWithOffsets(std::size_t startOffset, std::size_t endOffset, std::string_view text) {
+    CharacterReader reader(text);
+    if (startOffset <= endOffset && reader.take(startOffset)) {
+        if (const auto characters = reader.take(endOffset - startOffset)) {
+            return *characters;
+        }
+    }
+    stopProgram("substringWithOffsets", "the offsets lie outside the text");
+}
+
+bool matchesRegex(std::string_view text, std::string_view pattern) {
+    const CompiledPattern& compiled = compile(pattern);
+    UErrorCode status = compiled.status;
+    if (U_FAILURE(status)) {
+        std::printf("\"%s\"\n", u_errorName(status));
+        return false;
+    }
+    UText storage = UTEXT_INITIALIZER;
+    const UniqueText subject = openUTF8(storage, text, status);
+    uregex_setUText(compiled.expression.get(), subject.get(), &status);
+    const bool found = uregex_find64(compiled.expression.get(), 0, &status) != 0;
+    return U_SUCCESS(status) != 0 && found;
+}
+
+std::string lowerCased(std::string_view text) {
+    const bool isASCII =
+        std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    std::string lowered(text);
+    if (isASCII) {
+        for (char& c : lowered) {
+            c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+        }
+        return lowered;
+    }
+    // A code point's lower case takes at most three times its bytes.
+    lowered.resize(3 * text.size());
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<UCaseMap, CloseICU> rootLocale(ucasemap_open("", 0, &status));
+    const std::int32_t length =
+        ucasemap_utf8ToLower(rootLocale.get(), lowered.data(), static_cast<std::int32_t>(lowered.size()),
+                             text.data(), static_cast<std::int32_t>(text.size()), &status);
+    return U_SUCCESS(status) ? lowered.substr(0, static_cast<std::size_t>(length)) : std::string(text);
+}
+
+std::optional<std::int64_t> parseInteger(std::string_view text, int radix) noexcept {
+    if (text.size() > 1 && text[0] == '+' && text[1] != '-') {
+        text.remove_prefix(1);
+    }
+    std::int64_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [parsed, error] = std::from_chars(text.data(), end, number, radix);
+    if (error != std::errc() || parsed != end) {
+        return std::nullopt;
+    }
+    return number;
+}
+
+std::optional<double> parseDecimal(std::string_view text) noexcept {
+    double number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [parsed, error] = std::from_chars(text.data(), end, number);
+    if (error == std::errc::result_out_of_range && parsed == end) {
+        // Beyond a double's range strtod goes on with infinity, or with zero.
+        const bool isHuge = text.substr(0, text.find('.')).find_first_not_of('0') != std::string_view::npos;
+        return isHuge ? std::numeric_limits<double>::infinity() : 0.0;
+    }
+    if (error != std::errc() || parsed != end) {
+        return std::nullopt;
+    }
+    return number;
+}
+
+void stopProgram(const char* operation, const char* reason) noexcept {
+    std::fprintf(stderr, "KorvoQRParser: %s: %s\n", operation, reason);
+    std::abort();
+}
+
+}  // namespace korvo

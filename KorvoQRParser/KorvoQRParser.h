@@ -1,0 +1,36 @@
+#ifndef KORVOQRPARSER_KORVOQRPARSER_H
+#define KORVOQRPARSER_KORVOQRPARSER_H
+
+/// KorvoQRParser reads the text of a merchant-presented payment QR code: it splits the text into
+/// tag-length-value elements, checks every element against the scheme's rules, and answers with the
+/// merchant's record or with the codes of all the rules that the text violates.
+///
+/// This is the one header to include:
+///
+///     const auto response = korvo::QRCodeParser::parseQRData(scannedText);
+///     if (response.qrCodeData()) {
+///         pay(*response.qrCodeData()->korvoMerchantPAN());
+///     } else {
+///         show(response.qrCodeError()->errorCodes());
+///     }
+///
+/// Start at QRCodeParser; QRCodeData is the record, KorvoErrorConstants.h lists the codes.
+
+#include <KorvoQRParser/KorvoQRParserExport.h>
+#include <KorvoQRParser/Model/QRCodeData.h>
+#include <KorvoQRParser/Parser/KorvoQRConstants.h>
+#include <KorvoQRParser/Parser/QRCodeError.h>
+#include <KorvoQRParser/Parser/QRCodeParser.h>
+#include <KorvoQRParser/Parser/QRCodeParserResponse.h>
+#include <KorvoQRParser/Validation/KorvoErrorConstants.h>
+
+extern "C" {
+
+/// The library's version as a number: 1.0.
+KORVO_EXPORT extern const double KorvoQRParserVersionNumber;
+
+/// The library's version as what(1) finds it in a binary; one line with its line feed, NUL-terminated.
+KORVO_EXPORT extern const char KorvoQRParserVersionString[];
+}
+
+#endif

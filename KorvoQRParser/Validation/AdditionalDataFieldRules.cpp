@@ -1,0 +1,47 @@
+#include <KorvoQRParser/Decoding/CharacterSet.h>
+#include <KorvoQRParser/Validation/KorvoBaseConstants.h>
+#include <KorvoQRParser/Validation/KorvoErrorConstants.h>
+#include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
+#include <KorvoQRParser/Validation/RuleHelpers.h>
+
+#include <array>
+
+namespace korvo {
+
+namespace {
+
+namespace Codes = KorvoErrorConstants;
+
+// The values of tag 62 that have a limit; every other one may be anything that fits into the field.
+using TLV = KorvoPayMerchantTLV;
+constexpr std::array informationFields{&TLV::billNumber,    &TLV::mobileNumber, &TLV::storeID,
+                                       &TLV::loyaltyNumber, &TLV::referenceID,  &TLV::consumerID,
+                                       &TLV::terminalId,    &TLV::purpose};
+
+}  // namespace
+
+void KorvoPayMerchantTLVValidator::validateAdditionalDataField(const KorvoPayMerchantTLV& holder) {
+    if (!holder.additionalDataField) {
+        return;
+    }
+    if (isLengthOutside(*holder.additionalDataField, 1, 99)) {
+        addErrorCode(Codes::additionalDataFieldInvalidLength);
+    }
+    for (const auto field : informationFields) {
+        const Value& information = holder.*field;
+        if (information && isLengthOutside(*information, 1, 26)) {
+            addErrorCode(Codes::additionalDataInformationInvalidLength);
+        }
+    }
+    validateAdditionalConsumerDataReq(holder.additionalConsumerDataReq);
+}
+
+void KorvoPayMerchantTLVValidator::validateAdditionalConsumerDataReq(Value request) {
+    static const CharacterSet allowed =
+        CharacterSet::characterSetWithCharactersInString(KorvoBaseConstants::allowedConsumerTags);
+    if (request && (isLengthOutside(*request, 1, 3) || !consistsOfCharactersOf(*request, allowed))) {
+        addErrorCode(Codes::additionalConsumerDataInvalidValue);
+    }
+}
+
+}  // namespace korvo

@@ -1,0 +1,65 @@
+#include <KorvoQRParser/Validation/ISOCountryCodes.h>
+
+#include <bitset>
+#include <cstddef>
+#include <optional>
+
+#include <unicode/uloc.h>
+
+namespace korvo::ISOCountryCodes {
+
+namespace {
+
+constexpr std::size_t numericCodes = 1000;
+constexpr std::uint8_t noRow = 0xFF;
+static_assert(availableISOCurrencies.size() < noRow);
+
+// The row of each numeric code, so that a lookup is one step.
+constexpr std::array<std::uint8_t, numericCodes> makeRowsByNumber() {
+    std::array<std::uint8_t, numericCodes> rows{};
+    rows.fill(noRow);
+    for (std::size_t row = 0; row < availableISOCurrencies.size(); ++row) {
+        rows[static_cast<std::size_t>(availableISOCurrencies[row].number)] = static_cast<std::uint8_t>(row);
+    }
+    return rows;
+}
+
+constexpr auto rowsByNumber = makeRowsByNumber();
+
+using CountrySet = std::bitset<std::size_t{26} * 26>;
+
+std::optional<std::size_t> countryPosition(std::string_view code) noexcept {
+    if (code.size() != 2 || code[0] < 'A' || code[0] > 'Z' || code[1] < 'A' || code[1] > 'Z') {
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>((code[0] - 'A') * 26 + (code[1] - 'A'));
+}
+
+// The platform's list cannot change while the process runs, so it is read once.
+CountrySet readPlatformCountries() {
+    CountrySet countries;
+    for (const char* const* code = uloc_getISOCountries(); *code != nullptr; ++code) {
+        if (const auto position = countryPosition(*code)) {
+            countries.set(*position);
+        }
+    }
+    return countries;
+}
+
+}  // namespace
+
+const Currency* findCurrency(std::int64_t number) noexcept {
+    if (number < 0 || number >= static_cast<std::int64_t>(numericCodes)) {
+        return nullptr;
+    }
+    const std::uint8_t row = rowsByNumber[static_cast<std::size_t>(number)];
+    return row == noRow ? nullptr : &availableISOCurrencies[row];
+}
+
+bool isISOCountry(std::string_view code) {
+    static const CountrySet countries = readPlatformCountries();
+    const auto position = countryPosition(code);
+    return position && countries[*position];
+}
+
+}  // namespace korvo::ISOCountryCodes

@@ -1,0 +1,107 @@
+#ifndef KORVOQRPARSER_VALIDATION_KORVOERRORCONSTANTS_H
+#define KORVOQRPARSER_VALIDATION_KORVOERRORCONSTANTS_H
+
+#include <array>
+#include <string_view>
+
+namespace korvo {
+
+// Every code that a payload can raise, one row each:
+//     constant, code, tag in the two-digit format, tag in the one-character format, what it means
+// "62/01" is sub-tag 01 inside tag 62; "-" stands where the format has no such tag or no such rule. A code
+// keeps its number and its name for ever. The misspelled names are the published ones.
+// clang-format off
+#define KORVO_ERROR_CATALOGUE(CODE) \
+    CODE(malformedTags, "0", "any", "any", "The text cannot be split into elements: a bad length, a repeated or unknown tag, a checksum that is not last, or bytes that are not UTF-8.") \
+    CODE(merchantIdInvalidStartingDigit, "1", "02", "0", "The merchant identifier does not begin with 4.") \
+    CODE(merchantIdInvalidLength, "2", "02", "0", "The merchant identifier is shorter than 8 or longer than 16 characters, or is not a whole number.") \
+    CODE(merchantIdInvalidCheckDigit, "3", "02", "0", "The merchant identifier's check digit is wrong.") \
+    CODE(merchantIdRedundantSequence, "4", "02", "0", "Characters 7 and 8 of the merchant identifier are 00.") \
+    CODE(merchantIdNotPresent, "5", "02", "0", "The merchant identifier is missing.") \
+    CODE(merchantNameInvalidLengthOrCharacters, "6", "59", "1", "The merchant name is empty or longer than 25 characters.") \
+    CODE(merchantNameNotPresent, "7", "59", "1", "The merchant name is missing.") \
+    CODE(merchantCategoryCodeInvalidLength, "8", "52", "2", "The merchant category code is not 4 digits.") \
+    CODE(merchantCategoryCodeNotPresent, "9", "52", "2", "The merchant category code is missing.") \
+    CODE(cityNameInvalidLengthOrCharacters, "10", "60", "3", "The merchant city is empty or longer than 13 characters.") \
+    CODE(cityNameNotPresent, "11", "60", "3", "The merchant city is missing.") \
+    CODE(countryCodeInvalidLengthOrCharacters, "12", "58", "4", "The country code is not a two-letter code of ISO 3166-1 in upper case.") \
+    CODE(countryCodeNotPresent, "13", "58", "4", "The country code is missing.") \
+    CODE(currencyCodeInvaidLength, "14", "53", "5", "The currency code is not 3 digits, or not a known numeric code of ISO 4217.") \
+    CODE(currencyCodeNotPresent, "15", "53", "5", "The currency code is missing.") \
+    CODE(transactionAmountInvalidLength, "16", "54", "6", "The transaction amount is empty or too long (12 digits, or 13 characters with a point), or holds letters.") \
+    CODE(transactionAmountIncorrectValue, "17", "54", "6", "The transaction amount is not a number above zero.") \
+    CODE(transactionAmountTagPresentWithoutAmountValue, "18", "54", "6", "The transaction amount is present but empty.") \
+    CODE(transactionAmountContainsSpecialCharacters, "19", "54", "6", "The transaction amount holds something other than digits and a point.") \
+    CODE(primaryIdInvalidLengthOrCharacters, "20", "-", "7", "The primary identifier is empty or longer than 26 characters, or a ? is followed by more than one character.") \
+    CODE(primaryIdTagPresentWithoutValue, "21", "-", "7", "The primary identifier is present but empty.") \
+    CODE(primaryIdInvalidFormat, "23", "-", "7", "The ? of the primary identifier is followed by something other than 1-9, a-q or A-Q.") \
+    CODE(secondaryIdInvalidLengthOrCharacters, "24", "-", "8", "The secondary identifier is empty or longer than 26 characters, or a ? is followed by anything but one of 1-9, a-q, A-Q.") \
+    CODE(secondaryIdTagPresentWithoutValue, "25", "-", "8", "The secondary identifier is present but empty.") \
+    CODE(tipAndFeeIndicatorInvalidCriteria, "28", "55", "9", "The tip or fee indicator is not 01, 02 or 03.") \
+    CODE(tipAndFeeIndicatorInvalidTagsPresent, "29", "56, 57", "A, B", "A convenience fee is present, but the tip or fee indicator is missing or 01.") \
+    CODE(tipAndFeeIndicatorTagPresentWithoutValue, "30", "55", "9", "The tip or fee indicator is present but empty (28 comes first, so no payload raises this one).") \
+    CODE(convenienceFeeAmountInvalidLength, "31", "56", "A", "The convenience fee is empty, longer than 9 characters, or holds letters.") \
+    CODE(convenienceFeeAmountIncorrectValue, "32", "56", "A", "The convenience fee is not a number above zero.") \
+    CODE(convenienceFeeAmountContainsSpecialCharacters, "33", "56", "A", "The convenience fee holds something other than digits and a point.") \
+    CODE(convenienceFeeTagPresentWithoutValue, "34", "56", "A", "The convenience fee is present but empty.") \
+    CODE(convenienceFeePercentageInvalidLength, "35", "57", "B", "The convenience fee percentage is empty, longer than 5 characters, or holds letters.") \
+    CODE(convenienceFeePercentageIncorrectValue, "36", "57", "B", "The convenience fee percentage is not a number from 0.01 to 99.99.") \
+    CODE(convenienceFeePercentageContaintsSpecialCharacters, "37", "57", "B", "The convenience fee percentage holds something other than digits and a point.") \
+    CODE(convenienceFeePercentageTagPresentWithoutValue, "38", "57", "B", "The convenience fee percentage is present but empty.") \
+    CODE(convenienceInvalidTagPresent, "39", "56, 57", "A, B", "The convenience fee that the indicator 02 or 03 asks for is missing, or 02 stands with a percentage.") \
+    CODE(convenienceFeePercentageInvalidTagPresent, "40", "-", "B", "The indicator 03 stands with a fixed convenience fee and without a percentage.") \
+    CODE(payloadFormatIndicatorInvalidLength, "41", "00", "-", "The payload format indicator is not 2 digits.") \
+    CODE(payloadFormatIndicatorInvalidValue, "42", "00", "-", "The payload format indicator is not 01.") \
+    CODE(postalCodeIndicatorInvalidLength, "43", "61", "-", "The postal code is empty or longer than 10 characters.") \
+    CODE(additionalDataFieldInvalidLength, "44", "62", "-", "The additional data field is empty or longer than 99 characters (no payload can carry such a one).") \
+    CODE(additionalDataInformationInvalidLength, "45", "62/01-62/08", "-", "A value of the additional data field is empty or longer than 26 characters.") \
+    CODE(additionalConsumerDataInvalidValue, "46", "62/09", "-", "The consumer data request is not 1 to 3 of the letters A, M and E.") \
+    CODE(crcInvalidValue, "48", "63", "-", "The checksum is not 4 characters, or is not the checksum of the payload.")
+// clang-format on
+
+/// The error codes by name, as decimal numbers written as text, which is how QRCodeError carries them.
+namespace KorvoErrorConstants {
+
+#define KORVO_CODE(constant, code, twoDigitTag, oneCharacterTag, meaning) \
+    inline constexpr std::string_view constant = code;
+KORVO_ERROR_CATALOGUE(KORVO_CODE)
+#undef KORVO_CODE
+
+// Reserved numbers: no rule raises these.
+inline constexpr std::string_view primaryIdNotPresentForMerchant = "22";
+inline constexpr std::string_view secondayrIdNotPresentForMerchant = "26";
+inline constexpr std::string_view secondaryIdNoSubscriberIdForMerchant = "27";
+inline constexpr std::string_view additionalDataFieldTagCount = "47";
+
+}  // namespace KorvoErrorConstants
+
+/// One row of the catalogue of error codes.
+struct ErrorCatalogueEntry {
+    std::string_view code;             ///< as in QRCodeError::errorCodes
+    std::string_view name;             ///< the constant's name in KorvoErrorConstants
+    std::string_view twoDigitTag;      ///< the tag that it speaks of, in the two-digit format; "-" for none
+    std::string_view oneCharacterTag;  ///< the same for the one-character format
+    std::string_view meaning;          ///< in plain English, one sentence
+};
+
+/// Every code that a payload can raise, in the order of the numbers.
+inline constexpr std::array errorCatalogue{
+#define KORVO_ENTRY(constant, code, twoDigitTag, oneCharacterTag, meaning) \
+    ErrorCatalogueEntry{code, #constant, twoDigitTag, oneCharacterTag, meaning},
+    KORVO_ERROR_CATALOGUE(KORVO_ENTRY)
+#undef KORVO_ENTRY
+};
+
+/// The catalogue's row for a code; null for a text that is no code of the catalogue.
+constexpr const ErrorCatalogueEntry* findErrorCatalogueEntry(std::string_view code) noexcept {
+    for (const ErrorCatalogueEntry& entry : errorCatalogue) {
+        if (entry.code == code) {
+            return &entry;
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace korvo
+
+#endif

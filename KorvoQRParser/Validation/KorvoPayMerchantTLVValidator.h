@@ -1,0 +1,122 @@
+#ifndef KORVOQRPARSER_VALIDATION_KORVOPAYMERCHANTTLVVALIDATOR_H
+#define KORVOQRPARSER_VALIDATION_KORVOPAYMERCHANTTLVVALIDATOR_H
+
+#include <KorvoQRParser/Decoding/KorvoPayMerchantTLV.h>
+
+#include <cstddef>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvo {
+
+/// Checks a decoded payload against the scheme's rules and collects the codes of those that it violates, each
+/// once, in the order of first raising. Rules never stop the run.
+///
+/// The two dispatchers (validatePayMerchantTLV) may be called on one instance from any number of threads: a
+/// lock makes each of them one step, the copy of its codes included. All other operations are for one thread
+/// at a time.
+class KorvoPayMerchantTLVValidator {
+  public:
+    using Value = KorvoPayMerchantTLV::Value;
+    using ErrorCodes = std::vector<std::string>;
+
+    /// The instance that all parses share, made on first use.
+    static KorvoPayMerchantTLVValidator& sharedValidator();
+
+    /// The codes of the last run.
+    const ErrorCodes& errorCodes() const noexcept { return errorCodes_; }
+
+    /// A stored flag that no rule reads.
+    bool isDiggingDeepTLVRequired() const noexcept { return isDiggingDeepTLVRequired_; }
+    void setIsDiggingDeepTLVRequired(bool value) noexcept { isDiggingDeepTLVRequired_ = value; }
+
+    /// Runs the rule set that the payload format indicator asks for, without the checksum: absent, the one
+    /// for the one-character format; present, the one for the two-digit format; present but empty, none,
+    /// which leaves the codes of the run before as they are. A null holder raises nothing.
+    ErrorCodes validatePayMerchantTLV(const KorvoPayMerchantTLV* holder);
+
+    /// The same, followed in the two-digit format by the checksum of the whole payload text, `tlvString`; an
+    /// absent text is not checked.
+    ErrorCodes validatePayMerchantTLV(const KorvoPayMerchantTLV* holder, Value tlvString);
+
+    /// The rules of the one-character format, from an empty list of codes.
+    const ErrorCodes& validatePayMerchantTLV00(const KorvoPayMerchantTLV* holder);
+
+    /// The rules of the two-digit format, from an empty list of codes.
+    const ErrorCodes& validatePayMerchantTLV01(const KorvoPayMerchantTLV* holder);
+
+    /// The merchant identifier's rule. True when the list now holds none of that rule's codes, "1" to "5".
+    bool validateMerchantID(Value merchantID);
+
+    /// The transaction amount's rule. True when it raised nothing.
+    bool validateAmount(Value amount);
+
+    void resetErrorCodes() noexcept { errorCodes_.clear(); }
+
+  private:
+    /// What the tip or fee indicators "01", "02" and "03" stand for. The rules compare the indicators.
+    enum class TipAndFeeIndicatorType : unsigned char { Tip, Fee, Percentage };
+    static std::optional<TipAndFeeIndicatorType> tipAndFeeIndicatorType(std::string_view rawValue) noexcept;
+
+    /// What an amount must be, and the codes for what it is not.
+    struct AmountRule {
+        std::size_t longest;                 ///< in characters
+        bool (*isCorrect)(double) noexcept;  ///< whether the number itself is allowed
+        std::string_view invalidLength;      ///< raised for a letter too
+        std::string_view incorrectValue;     ///< also when the text is no number
+        std::string_view specialCharacters;  ///< for other than letters, digits and points
+        std::string_view withoutValue;
+    };
+
+    /// What an identifier that may be a placeholder must be, and the codes for what it is not.
+    struct IdentifierRule {
+        std::string_view pattern;  ///< what follows the "?" of a placeholder
+        std::string_view invalidLength;
+        std::string_view withoutValue;
+        std::string_view invalidFormat;
+    };
+
+    void runRuleSet(const KorvoPayMerchantTLV* holder, Value tlvString);
+    void addErrorCode(std::string_view code);
+    bool holdsErrorCode(std::string_view code) const;
+
+    // Shared by several tags
+    void validateAmountText(std::string_view amount, const AmountRule& rule);
+    void validateIdentifier(Value identifier, const IdentifierRule& rule);
+
+    // Root tags
+    void validatePayloadFormatIndicator(Value payloadFormatIndicator);
+    void validateMerchantCategoryCode(Value merchantCategoryCode);
+    void validateCurrencyCode(Value currencyCode);
+    void validateTransactionAmount(Value transactionAmount);
+    void validateCountryCode(Value countryCode);
+    void validateMerchantName(Value merchantName);
+    void validateCityName(Value cityName);
+    void validatePostalCode(Value postalCode);
+    void validatePrimaryID(Value primaryID);
+    void validateSecondaryID(Value secondaryID);
+    void validateCRC(Value crc, Value tlvString);
+
+    // Tip and convenience fee
+    void validateTipAndFeeIndicator(const KorvoPayMerchantTLV& holder);
+    void validateNoFee(const KorvoPayMerchantTLV& holder);
+    void validateFixedFee(const KorvoPayMerchantTLV& holder);
+    void validatePercentageFee(const KorvoPayMerchantTLV& holder);
+    void validateConvenienceFeeAmount(std::string_view amount);
+    void validateConvenienceFeePercentage(std::string_view percentage);
+
+    // Additional data field
+    void validateAdditionalDataField(const KorvoPayMerchantTLV& holder);
+    void validateAdditionalConsumerDataReq(Value request);
+
+    ErrorCodes errorCodes_;
+    bool isDiggingDeepTLVRequired_ = false;
+    std::mutex dispatch_;
+};
+
+}  // namespace korvo
+
+#endif

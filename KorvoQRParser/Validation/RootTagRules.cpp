@@ -1,0 +1,185 @@
+#include <KorvoQRParser/Decoding/CRC.h>
+#include <KorvoQRParser/Decoding/CharacterSet.h>
+#include <KorvoQRParser/Decoding/TextHelpers.h>
+#include <KorvoQRParser/Validation/ISOCountryCodes.h>
+#include <KorvoQRParser/Validation/KorvoErrorConstants.h>
+#include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
+#include <KorvoQRParser/Validation/RuleHelpers.h>
+#include <KorvoQRParser/Validation/StringConstants.h>
+
+#include <cstddef>
+#include <utility>
+
+namespace korvo {
+
+namespace {
+
+namespace Codes = KorvoErrorConstants;
+
+bool isDigits(std::string_view text, std::size_t count) {
+    return hasCharacterCount(text, count) && consistsOfCharactersOf(text, decimalDigits());
+}
+
+// The Luhn test over the identifier as the account number that it stands for: one of 7 to 15 characters is
+// widened to 16 by zeros after its sixth. Zeros add nothing to the sum; they only move the first six
+// characters, so the widened text is never built.
+bool passesLuhnTest(std::string_view merchantID) {
+    constexpr std::size_t prefixLength = 6;
+    constexpr std::size_t fullLength = 16;
+    const std::size_t length = characterCount(merchantID);
+    const bool isWidened = length > prefixLength && length < fullLength;
+    unsigned sum = 0;
+    CharacterReader characters(merchantID);
+    for (std::size_t i = 0; i < length; ++i) {
+        const std::size_t positionFromEnd = isWidened && i < prefixLength ? fullLength - i : length - i;
+        const std::string_view character = *characters.take(1);
+        if (character.size() != 1 || character[0] < '0' || character[0] > '9') {
+            continue;
+        }
+        const auto digit = static_cast<unsigned>(character[0] - '0');
+        const unsigned doubled = digit < 5 ? 2 * digit : 2 * digit - 9;
+        sum += positionFromEnd % 2 == 0 ? doubled : digit;
+    }
+    return sum % 10 == 0;
+}
+
+}  // namespace
+
+void KorvoPayMerchantTLVValidator::validatePayloadFormatIndicator(Value payloadFormatIndicator) {
+    if (!payloadFormatIndicator) {
+        return;
+    }
+    if (!isDigits(*payloadFormatIndicator, 2)) {
+        addErrorCode(Codes::payloadFormatIndicatorInvalidLength);
+    } else if (*payloadFormatIndicator != "01") {
+        addErrorCode(Codes::payloadFormatIndicatorInvalidValue);
+    }
+}
+
+bool KorvoPayMerchantTLVValidator::validateMerchantID(Value merchantID) {
+    if (!merchantID) {
+        addErrorCode(Codes::merchantIdNotPresent);
+    } else {
+        if (!merchantID->empty() && !beginsWith(*merchantID, '4')) {
+            addErrorCode(Codes::merchantIdInvalidStartingDigit);
+        }
+        if (isLengthOutside(*merchantID, 8, 16) || !parseInteger(*merchantID, 10)) {
+            addErrorCode(Codes::merchantIdInvalidLength);
+        } else if (substringWithOffsets(6, 8, *merchantID) == "00") {
+            addErrorCode(Codes::merchantIdRedundantSequence);
+        }
+        if (!passesLuhnTest(*merchantID)) {
+            addErrorCode(Codes::merchantIdInvalidCheckDigit);
+        }
+    }
+    return !holdsErrorCode(Codes::merchantIdInvalidStartingDigit) &&
+           !holdsErrorCode(Codes::merchantIdInvalidLength) &&
+           !holdsErrorCode(Codes::merchantIdInvalidCheckDigit) &&
+           !holdsErrorCode(Codes::merchantIdRedundantSequence) &&
+           !holdsErrorCode(Codes::merchantIdNotPresent);
+}
+
+void KorvoPayMerchantTLVValidator::validateMerchantCategoryCode(Value merchantCategoryCode) {
+    if (!merchantCategoryCode) {
+        addErrorCode(Codes::merchantCategoryCodeNotPresent);
+    } else if (!isDigits(*merchantCategoryCode, 4)) {
+        addErrorCode(Codes::merchantCategoryCodeInvalidLength);
+    }
+}
+
+void KorvoPayMerchantTLVValidator::validateCurrencyCode(Value currencyCode) {
+    if (!currencyCode) {
+        addErrorCode(Codes::currencyCodeNotPresent);
+        return;
+    }
+    // Digits of other scripts are digits, but no number that the table could hold.
+    const auto number = isDigits(*currencyCode, 3) ? parseInteger(*currencyCode, 10) : std::nullopt;
+    if (!number || ISOCountryCodes::findCurrency(*number) == nullptr) {
+        addErrorCode(Codes::currencyCodeInvaidLength);
+    }
+}
+
+void KorvoPayMerchantTLVValidator::validateTransactionAmount(Value transactionAmount) {
+    if (!transactionAmount) {
+        return;
+    }
+    const bool isDigitsOnly = consistsOfCharactersOf(*transactionAmount, decimalDigits());
+    validateAmountText(*transactionAmount,
+                       {.longest = isDigitsOnly ? std::size_t{12} : std::size_t{13},
+                        .isCorrect = isAboveZero,
+                        .invalidLength = Codes::transactionAmountInvalidLength,
+                        .incorrectValue = Codes::transactionAmountIncorrectValue,
+                        .specialCharacters = Codes::transactionAmountContainsSpecialCharacters,
+                        .withoutValue = Codes::transactionAmountTagPresentWithoutAmountValue});
+}
+
+bool KorvoPayMerchantTLVValidator::validateAmount(Value amount) {
+    // A code that an earlier rule left must not hide that this one raises it too.
+    ErrorCodes earlier = std::exchange(errorCodes_, {});
+    validateTransactionAmount(amount);
+    const ErrorCodes raised = std::exchange(errorCodes_, std::move(earlier));
+    for (const std::string& code : raised) {
+        addErrorCode(code);
+    }
+    return raised.empty();
+}
+
+void KorvoPayMerchantTLVValidator::validateCountryCode(Value countryCode) {
+    if (!countryCode) {
+        addErrorCode(Codes::countryCodeNotPresent);
+    } else if (!ISOCountryCodes::isISOCountry(*countryCode)) {
+        // Every code of the list is two letters, so this covers a wrong length and other characters.
+        addErrorCode(Codes::countryCodeInvalidLengthOrCharacters);
+    }
+}
+
+void KorvoPayMerchantTLVValidator::validateMerchantName(Value merchantName) {
+    if (!merchantName) {
+        addErrorCode(Codes::merchantNameNotPresent);
+    } else if (isLengthOutside(*merchantName, 1, 25)) {
+        addErrorCode(Codes::merchantNameInvalidLengthOrCharacters);
+    }
+}
+
+void KorvoPayMerchantTLVValidator::validateCityName(Value cityName) {
+    if (!cityName) {
+        addErrorCode(Codes::cityNameNotPresent);
+    } else if (isLengthOutside(*cityName, 1, 13)) {
+        addErrorCode(Codes::cityNameInvalidLengthOrCharacters);
+    }
+}
+
+void KorvoPayMerchantTLVValidator::validatePostalCode(Value postalCode) {
+    if (postalCode && isLengthOutside(*postalCode, 1, 10)) {
+        addErrorCode(Codes::postalCodeIndicatorInvalidLength);
+    }
+}
+
+void KorvoPayMerchantTLVValidator::validatePrimaryID(Value primaryID) {
+    validateIdentifier(primaryID, {.pattern = StringConstants::PRIMARY_ID_REGEX,
+                                   .invalidLength = Codes::primaryIdInvalidLengthOrCharacters,
+                                   .withoutValue = Codes::primaryIdTagPresentWithoutValue,
+                                   .invalidFormat = Codes::primaryIdInvalidFormat});
+}
+
+// The secondary identifier has no format code of its own: a bad format is reported as a bad length.
+void KorvoPayMerchantTLVValidator::validateSecondaryID(Value secondaryID) {
+    validateIdentifier(secondaryID, {.pattern = StringConstants::SECONDARY_ID_REGEX,
+                                     .invalidLength = Codes::secondaryIdInvalidLengthOrCharacters,
+                                     .withoutValue = Codes::secondaryIdTagPresentWithoutValue,
+                                     .invalidFormat = Codes::secondaryIdInvalidLengthOrCharacters});
+}
+
+// The checksum covers the payload without as many characters as the checksum itself has.
+void KorvoPayMerchantTLVValidator::validateCRC(Value crc, Value tlvString) {
+    constexpr std::size_t crcLength = 4;
+    if (!crc || !tlvString) {
+        return;
+    }
+    const auto announced = hasCharacterCount(*crc, crcLength) ? parseInteger(*crc, 16) : std::nullopt;
+    if (!announced || *announced != computeCRC16(droppingLastCharacters(*tlvString, crcLength))) {
+        addErrorCode(Codes::crcInvalidValue);
+    }
+}
+
+}  // namespace korvo

@@ -1,0 +1,67 @@
+#include <KorvoQRParser/Decoding/CharacterSet.h>
+#include <KorvoQRParser/Decoding/TextHelpers.h>
+#include <KorvoQRParser/Validation/KorvoBaseConstants.h>
+#include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
+#include <KorvoQRParser/Validation/RuleHelpers.h>
+
+namespace korvo {
+
+namespace {
+
+const CharacterSet& letters() {
+    static const CharacterSet set = CharacterSet::letterCharacterSet();
+    return set;
+}
+
+const CharacterSet& amountCharacters() {
+    static const CharacterSet set =
+        CharacterSet::characterSetWithCharactersInString(KorvoBaseConstants::periodCharacter)
+            .formUnionWith(decimalDigits());
+    return set;
+}
+
+}  // namespace
+
+const CharacterSet& decimalDigits() {
+    static const CharacterSet set = CharacterSet::decimalDigitCharacterSet();
+    return set;
+}
+
+void KorvoPayMerchantTLVValidator::validateAmountText(std::string_view amount, const AmountRule& rule) {
+    if (isLengthOutside(amount, 1, rule.longest)) {
+        addErrorCode(rule.invalidLength);
+    }
+    if (containsCharacterOf(amount, letters())) {
+        addErrorCode(rule.invalidLength);
+    } else if (!consistsOfCharactersOf(amount, amountCharacters())) {
+        addErrorCode(rule.specialCharacters);
+    } else if (const auto number = parseDecimal(amount); !number || !rule.isCorrect(*number)) {
+        addErrorCode(rule.incorrectValue);
+    }
+    if (amount.empty()) {
+        addErrorCode(rule.withoutValue);
+    }
+}
+
+void KorvoPayMerchantTLVValidator::validateIdentifier(Value identifier, const IdentifierRule& rule) {
+    if (!identifier) {
+        return;
+    }
+    if (isLengthOutside(*identifier, 1, 26)) {
+        addErrorCode(rule.invalidLength);
+    }
+    if (identifier->empty()) {
+        addErrorCode(rule.withoutValue);
+    }
+    if (!beginsWith(*identifier, '?')) {
+        return;
+    }
+    if (hasMoreCharactersThan(*identifier, 2)) {
+        addErrorCode(rule.invalidLength);
+    }
+    if (hasMoreCharactersThan(*identifier, 1) && !matchesRegex(identifier->substr(1), rule.pattern)) {
+        addErrorCode(rule.invalidFormat);
+    }
+}
+
+}  // namespace korvo
