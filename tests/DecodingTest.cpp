@@ -1,0 +1,239 @@
+#include "Payloads.h"
+#include <KorvoQRParser/Decoding/KorvoPayMerchantTLV.h>
+#include <KorvoQRParser/Decoding/PMValidTLV01AdditionalDataField.h>
+#include <KorvoQRParser/Decoding/PayMerchantValidTLV00.h>
+#include <KorvoQRParser/Decoding/PayMerchantValidTLV01.h>
+#include <KorvoQRParser/Parser/assembleQRCodeData.h>
+
+#include <array>
+#include <map>
+#include <random>
+#include <set>
+
+#include <gtest/gtest.h>
+
+namespace korvo::test {
+namespace {
+
+using Error = TLVDecodingError;
+using Result = std::optional<Error>;
+constexpr auto decoded = std::nullopt;
+
+TEST(Decoding, ReportsTheFirstFaultFromTheLeft) {
+    const std::map<std::string, Result> results{{"-", decoded},
+                                                {"InvalidLength", Error::InvalidLength},
+                                                {"RepeatedTag", Error::RepeatedTag},
+                                                {"InvalidTag", Error::InvalidTag}};
+    KorvoPayMerchantTLV none;
+    EXPECT_EQ(none.decodeTLV(""), Error::InvalidLength);
+    for (const auto& row : readRows("decoding.txt")) {
+        const ExactCopy payload(expanded(row.at(0)));
+        KorvoPayMerchantTLV holder;
+        EXPECT_EQ(holder.decodeTLV(payload.view()), results.at(row.at(1))) << row[0];
+    }
+}
+
+TEST(Decoding, FormatPathsKeepTheTagLengthError) {
+    KorvoPayMerchantTLV holder;
+    EXPECT_EQ(holder.decodeTLV01("000"), Error::InvalidTagLength);
+    EXPECT_EQ(holder.decodeTLV00("1"), Error::InvalidTagLength);
+    EXPECT_EQ(holder.decodeTLV01(""), Error::InvalidLength);
+    EXPECT_EQ(holder.decodeTLV00(""), Error::InvalidLength);
+}
+
+TEST(Decoding, KeepsWhatStoodBeforeTheFault) {
+    KorvoPayMerchantTLV holder;
+    EXPECT_EQ(holder.decodeTLV("00020162050101a59"), Error::InvalidLength);
+    EXPECT_EQ(holder.payloadFormatIndicator, "01");
+    EXPECT_EQ(holder.additionalDataField, "0101a");
+    EXPECT_EQ(holder.billNumber, "a");
+    EXPECT_FALSE(holder.merchantName);
+}
+
+TEST(Holder, StoresByTag) {
+    KorvoPayMerchantTLV holder;
+    EXPECT_TRUE(holder.setTLV01Value("62", "02", "mobile"));
+    EXPECT_EQ(holder.mobileNumber, "mobile");
+    EXPECT_FALSE(holder.additionalDataField);
+    EXPECT_TRUE(holder.setTLV01Value("59", "99", "sub-tags count for tag 62 only"));
+    for (const char* const tag : {"64", "6A", "", "1", "001"}) {
+        EXPECT_FALSE(holder.setTLV01Value(tag, std::nullopt, "v")) << tag;
+    }
+    for (const char* const subTag : {"23", "00", "1", ""}) {
+        EXPECT_FALSE(holder.setTLV01Value("62", subTag, "v")) << subTag;
+    }
+    EXPECT_TRUE(holder.setTLV00Value("a", "fee"));
+    EXPECT_EQ(holder.convenienceFeeAmount, "fee");
+    EXPECT_TRUE(holder.setTLV00Value("B", "percentage"));
+    EXPECT_EQ(holder.convenienceFeePercentage, "percentage");
+    EXPECT_FALSE(holder.setTLV00Value("c", "v"));
+    EXPECT_FALSE(holder.setTLV00Value("", "v"));
+    for (const auto& [value, isTip] : std::map<std::string, bool>{
+             {"01", true}, {"02", true}, {"03", true}, {"04", false}, {"1", false}, {"", false}}) {
+        KorvoPayMerchantTLV one;
+        EXPECT_TRUE(one.setTLV00Value("9", value) && holder.setTLV01Value("55", std::nullopt, value));
+        EXPECT_EQ(one.isTipAvailable, isTip) << value;
+        EXPECT_EQ(holder.isTipAvailable, isTip) << value;
+        EXPECT_EQ(one.tipAndFeeIndicator, value);
+    }
+    EXPECT_EQ(rawValue(PayMerchantValidTLV01::MerchantName), "59");
+    EXPECT_EQ(rawValue(PMValidTLV01AdditionalDataField::TagSixtyTwo22), "22");
+    EXPECT_EQ(rawValue(PayMerchantValidTLV00::ConvenienceFeePercentage), "B");
+}
+
+// A second opinion: the grammar once more, over a plain list of characters, slow and without any state that
+// could go wrong. Characters are those of test texts, where the only mark is the combining acute accent.
+class Model {
+  public:
+    using Characters = std::vector<std::string>;
+
+    static Result decode(const std::string& payload, KorvoPayMerchantTLV& holder) {
+        const Characters all = split(payload);
+        if (all.size() < 2) {
+            return Error::InvalidLength;
+        }
+        const bool isTwoDigit = all[0] == "0" && all[1] == "0";
+        std::string last;
+        const Result error =
+            level(all, isTwoDigit ? 2 : 1, [&](const std::string& tag, const Characters& value) -> Result {
+                last = tag;
+                if (!isTwoDigit) {
+                    return holder.setTLV00Value(tag, keep(value)) ? decoded : Result(Error::InvalidTag);
+                }
+                if (!holder.setTLV01Value(tag, std::nullopt, keep(value))) {
+                    return Error::InvalidTag;
+                }
+                return tag != "62"
+                           ? decoded
+                           : level(value, 2, [&](const std::string& subTag, const Characters& subValue) {
+                                 return holder.setTLV01Value("62", subTag, keep(subValue))
+                                            ? decoded
+                                            : Result(Error::InvalidTag);
+                             });
+            });
+        return error || !isTwoDigit || last == "63" ? error : Error::InvalidTag;
+    }
+
+  private:
+    static Characters split(const std::string& text) {
+        Characters characters;
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            const bool isMark = text.compare(i, 2, "\xCC\x81") == 0;
+            std::string codePoint = text.substr(i, isMark ? 2 : 1);
+            i += isMark ? 1 : 0;
+            if (isMark && !characters.empty()) {
+                characters.back() += codePoint;
+            } else {
+                characters.push_back(codePoint);
+            }
+        }
+        return characters;
+    }
+
+    static std::string joined(const Characters& all, std::size_t from, std::size_t count) {
+        std::string text;
+        for (std::size_t i = from; i < from + count; ++i) {
+            text += all[i];
+        }
+        return text;
+    }
+
+    template <class Store>
+    static Result level(const Characters& all, std::size_t width, Store store) {
+        std::set<std::string> seen;
+        for (std::size_t at = 0; at < all.size();) {
+            if (all.size() - at < width) {
+                return Error::InvalidLength;
+            }
+            std::string tag = joined(all, at, width);
+            if (width == 1 && tag.size() == 1) {
+                tag[0] = static_cast<char>(std::tolower(tag[0]));
+            }
+            if (!seen.insert(tag).second) {
+                return Error::RepeatedTag;
+            }
+            at += width;
+            if (all.size() - at < width) {
+                return Error::InvalidLength;
+            }
+            const std::string length = joined(all, at, width);
+            at += width;
+            char* end = nullptr;
+            const long number = std::strtol(length.c_str(), &end, width == 2 ? 10 : 36);
+            if (*end != '\0' || end == length.c_str() || number < (width == 2 ? 1 : 0) ||
+                all.size() - at < static_cast<std::size_t>(number)) {
+                return Error::InvalidLength;
+            }
+            const auto from = all.begin() + static_cast<std::ptrdiff_t>(at);
+            if (const Result error = store(tag, Characters(from, from + number))) {
+                return error;
+            }
+            at += static_cast<std::size_t>(number);
+        }
+        return decoded;
+    }
+
+    // The holder keeps views, so the texts must live on.
+    static std::string_view keep(const Characters& value) {
+        static std::set<std::string> texts;
+        return *texts.insert(joined(value, 0, value.size())).first;
+    }
+};
+
+void expectModelAgrees(const std::string& payload) {
+    const ExactCopy copy(payload);
+    KorvoPayMerchantTLV real;
+    KorvoPayMerchantTLV model;
+    const Result result = real.decodeTLV(copy.view());
+    ASSERT_EQ(result, Model::decode(payload, model)) << testing::PrintToString(payload);
+    if (!result && (!real.korvoMerchantID || real.korvoMerchantID->size() <= 16)) {
+        ASSERT_EQ(*assembleQRCodeData(real), *assembleQRCodeData(model)) << testing::PrintToString(payload);
+    }
+}
+
+const std::array<std::string, 10> alphabet{"0", "1", "6", "3", "2", "A", "a", "+", "?", "\xCC\x81"};
+
+TEST(Decoding, AgreesWithTheModelOnEveryShortText) {
+    for (unsigned length = 0, texts = 1; length <= 5; ++length, texts *= 10) {
+        for (unsigned number = 0; number < texts; ++number) {
+            std::string payload;
+            for (unsigned i = 0, rest = number; i < length; ++i, rest /= 10) {
+                payload += alphabet.at(rest % 10);
+            }
+            expectModelAgrees(payload);
+        }
+    }
+}
+
+TEST(Decoding, AgreesWithTheModelOnNearlyRightPayloads) {
+    std::mt19937 random(20261121);
+    const auto below = [&random](unsigned n) { return static_cast<unsigned>(random() % n); };
+    const auto text = [&](unsigned length) {
+        std::string value;
+        while (length-- > 0) {
+            value += alphabet.at(below(10));
+        }
+        return value;
+    };
+    const auto number = [](unsigned n) {
+        return std::string{static_cast<char>('0' + n / 10), static_cast<char>('0' + n % 10)};
+    };
+    for (int round = 0; round < 30000; ++round) {
+        const bool isTwoDigit = below(3) != 0;
+        std::string payload = isTwoDigit ? "000201" : "";
+        for (unsigned i = below(6); i > 0; --i) {
+            const unsigned length = below(12);
+            const unsigned announced = length + (below(20) == 0 ? 1 : 0);
+            const std::string sub = number(1 + below(23)) + number(length) + text(length);
+            const std::string tag = below(3) == 0 ? "62" : number(1 + below(64));
+            payload += !isTwoDigit ? std::string(1, "0123456789aBbAc"[below(15)]) +
+                                         "0123456789ab"[announced % 12] + text(length)
+                       : tag == "62" ? tag + number(length + 4) + sub
+                                     : tag + number(announced) + text(length);
+        }
+        expectModelAgrees(isTwoDigit && below(8) != 0 ? payload + "6304ABCD" : payload);
+    }
+}
+
+}  // namespace
+}  // namespace korvo::test

@@ -1,0 +1,136 @@
+#ifndef KORVOQR_TESTS_PAYLOADS_H
+#define KORVOQR_TESTS_PAYLOADS_H
+
+#include <KorvoQRParser/KorvoQRParser.h>
+
+#include <cstdint>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace korvo::test {
+
+using Codes = std::vector<std::string>;
+using Elements = std::vector<std::pair<std::string, std::string>>;
+
+/// A copy on the heap of exactly the text's size, so that AddressSanitizer sees a read of one byte too many.
+class ExactCopy {
+  public:
+    explicit ExactCopy(std::string_view text) : bytes_(new char[text.size()]), size_(text.size()) {
+        text.copy(bytes_.get(), size_);
+    }
+    std::string_view view() const { return {bytes_.get(), size_}; }
+
+  private:
+    std::unique_ptr<char[]> bytes_;
+    std::size_t size_;
+};
+
+/// The checksum bit by bit, as the definition has it.
+inline std::string checksum(std::string_view text) {
+    unsigned crc = 0xFFFF;
+    for (const char c : text) {
+        crc ^= static_cast<unsigned>(static_cast<unsigned char>(c)) << 8U;
+        for (int bit = 0; bit < 8; ++bit) {
+            crc = ((crc << 1U) ^ ((crc & 0x8000U) != 0 ? 0x1021U : 0U)) & 0xFFFFU;
+        }
+    }
+    std::string digits;
+    for (const unsigned shift : {12U, 8U, 4U, 0U}) {
+        digits += "0123456789ABCDEF"[(crc >> shift) & 0xFU];
+    }
+    return digits;
+}
+
+/// An element whose length counts bytes, for ASCII values. One-character tags get a base-36 length.
+inline std::string element(std::string_view tag, std::string_view value) {
+    const std::size_t n = value.size();
+    constexpr std::string_view digits = "0123456789abcdefghijklmnopqrstuvwxyz";
+    const std::string length =
+        tag.size() == 1 ? std::string{digits.at(n)} : std::string{digits.at(n / 10), digits[n % 10]};
+    return std::string(tag) + length + std::string(value);
+}
+
+inline std::string join(const Elements& elements) {
+    std::string payload;
+    for (const auto& [tag, value] : elements) {
+        payload += element(tag, value);
+    }
+    return payload;
+}
+
+/// Closes a two-digit payload with its checksum.
+inline std::string closed(std::string payload) {
+    payload += "6304";
+    return payload + checksum(payload);
+}
+
+/// Accepted payloads' elements, to be spoiled one by one.
+inline const Elements twoDigit{{"00", "01"}, {"02", "4111111111111111"}, {"52", "5812"},  {"53", "356"},
+                               {"58", "IN"}, {"59", "KORVO CAFE"},       {"60", "MUMBAI"}};
+inline const Elements oneCharacter{{"0", "4111111111111111"}, {"1", "KORVO CAFE"}, {"2", "5812"},
+                                   {"3", "MUMBAI"},           {"4", "IN"},         {"5", "356"}};
+
+/// `base` with the values of some tags changed or added at the end or, where absent, taken away.
+using Changes = std::vector<std::pair<std::string, std::optional<std::string>>>;
+inline Elements changed(Elements base, const Changes& changes) {
+    for (const auto& [tag, value] : changes) {
+        std::erase_if(base, [&tag = tag](const auto& element) { return element.first == tag; });
+        if (value) {
+            base.emplace_back(tag, *value);
+        }
+    }
+    return base;
+}
+
+/// The payload of such elements; closed if two-digit.
+inline std::string with(const Elements& base, const Changes& changes) {
+    const std::string payload = join(changed(base, changes));
+    return base.front().first.size() == 2 ? closed(payload) : payload;
+}
+
+inline std::string readFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline std::string readData(const std::string& name) {
+    return readFile(KORVOQR_SOURCE_DIR "/tests/data/" + name);
+}
+
+/// A text of a data file with \\xHH, {27n}, {27*n} and {crc} carried out.
+inline std::string expanded(std::string text) {
+    for (std::size_t at = 0; (at = text.find("\\x", at)) != std::string::npos; ++at) {
+        text.replace(at, 4, 1, static_cast<char>(std::stoi(text.substr(at + 2, 2), nullptr, 16)));
+    }
+    for (std::size_t at = 0; (at = text.find('{', at)) != std::string::npos; ++at) {
+        const std::size_t length = text.find('}', at) + 1 - at;
+        const std::string token = text.substr(at, length);
+        text.replace(
+            at, length,
+            token == "{crc}" ? "6304ABCD" : std::string(std::stoul(token.substr(1)), token[length - 2]));
+    }
+    return text;
+}
+
+/// The rows of a data file, split at blanks, without comments and empty lines.
+inline std::vector<std::vector<std::string>> readRows(const std::string& name) {
+    std::vector<std::vector<std::string>> rows;
+    std::istringstream lines(readData(name));
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream fields(line.substr(0, line.find('#')));
+        rows.emplace_back(std::istream_iterator<std::string>(fields), std::istream_iterator<std::string>());
+    }
+    std::erase_if(rows, [](const auto& row) { return row.empty(); });
+    return rows;
+}
+
+}  // namespace korvo::test
+
+#endif

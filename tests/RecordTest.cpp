@@ -1,0 +1,188 @@
+#include "Payloads.h"
+#include <KorvoQRParser/Decoding/KorvoPayMerchantTLV.h>
+#include <KorvoQRParser/Parser/assembleQRCodeData.h>
+
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+namespace korvo::test {
+namespace {
+
+std::string trimmed(std::string text) {
+    text.erase(text.find_last_not_of('\n') + 1);
+    return text;
+}
+
+TEST(Record, RendersWhole) {
+    EXPECT_EQ(QRCodeData().jsonOutput(), trimmed(readData("empty.json")));
+    EXPECT_EQ(QRCodeData().description(), readData("empty.txt"));
+    // Every tag and sub-tag between them, each with a value of its own.
+    for (const std::string name : {"full", "placeholders"}) {
+        const auto response = QRCodeParser::parseQRData(trimmed(readData(name + ".payload")));
+        ASSERT_TRUE(response.qrCodeData()) << name << ": " << *response.qrCodeError();
+        EXPECT_EQ(response.qrCodeData()->jsonOutput(), trimmed(readData(name + ".json")));
+        EXPECT_EQ(response.qrCodeData()->description(), readData(name + ".txt"));
+    }
+}
+
+TEST(Record, IdentifierFlagsTakeTheIdentifierOut) {
+    QRCodeData data;
+    data.setPrimaryID("p");
+    data.setSecondaryID("s");
+    data.setIsPrimaryIDMandatory(false);
+    EXPECT_EQ(data.primaryID(), "p");
+    data.setIsPrimaryIDMandatory(true);
+    EXPECT_FALSE(data.primaryID());
+    EXPECT_EQ(data.secondaryID(), "s");
+    data.setPrimaryID("again");
+    EXPECT_EQ(data.primaryID(), "again");
+    data.setIsPrimaryIDMandatory(true);  // already true, and it still clears
+    EXPECT_FALSE(data.primaryID());
+    data.setIsPrimaryIDMandatory(false);
+    EXPECT_FALSE(data.primaryID() || data.isPrimaryIDMandatory());
+    data.setIsSecondaryIDMandatory(true);
+    EXPECT_FALSE(data.secondaryID());
+    data.setBillID("b");
+    data.setIsBillIDMandatory(true);
+    EXPECT_EQ(data.billID(), "b");
+}
+
+TEST(Record, EqualityLooksAtEveryKindOfProperty) {
+    QRCodeData one;
+    QRCodeData other;
+    EXPECT_EQ(one, other);
+    one.setSecondaryIDLength("");
+    EXPECT_NE(one, other);  // empty is not absent
+    other = one;
+    EXPECT_EQ(one, other);
+    other.setIsAddDataNpci2Mandatory(true);
+    EXPECT_NE(one, other);
+}
+
+TEST(Record, JSONEscapesAndRefuses) {
+    const auto json = [](const std::string& value) {
+        QRCodeData data;
+        data.setMerchantName(value);
+        testing::internal::CaptureStdout();
+        const std::string output = data.jsonOutput();
+        const std::string printed = testing::internal::GetCapturedStdout();
+        const std::string label = "\"merchantName\": ";
+        const auto start = output.find(label);
+        return printed + (output.empty() ? ""
+                                         : output.substr(start + label.size(),
+                                                         output.find(",\n", start) - start - label.size()));
+    };
+    EXPECT_EQ(json(""), R"("")");
+    EXPECT_EQ(json("a\"b\\c/d\n"), R"("a\"b\\c/d\n")");
+    EXPECT_EQ(json(std::string("\0\x1f", 2)), R"("\u0000\u001F")");
+    EXPECT_EQ(json("caf\xC3\xA9"), "");
+    for (const char* const malformed : {"caf\xC3", "\x80", "\xED\xA0\x80", "\xC0\x80", "\xF4\x90\x80\x80"}) {
+        EXPECT_EQ(json(malformed), "error: Account could not be serialized into json\n");
+    }
+}
+
+TEST(Assembly, WidensTheMerchantIdentifier) {
+    for (const auto& [id, pan] : Elements{{"", ""},
+                                          {"412345", ""},
+                                          {"4123456", "4123450000000006"},
+                                          {"4123456789012", "4123450006789012"},
+                                          {"4111111111111111", "4111111111111111"},
+                                          {"e\xCC\x81"
+                                           "23456",
+                                           "e\xCC\x81"
+                                           "234500000000006"}}) {
+        EXPECT_EQ(merchantPANFromMerchantID(id), id == "e\xCC\x81"
+                                                       "23456"
+                                                     ? ""
+                                                     : pan)
+            << id;
+    }
+    EXPECT_FALSE(assembleQRCodeData({})->korvoMerchantPAN());
+    EXPECT_DEATH(merchantPANFromMerchantID("41111111111111111"),
+                 "merchantPANFromMerchantID: .*longer than 16");
+}
+
+TEST(Assembly, MarksPlaceholders) {
+    struct Row {
+        KorvoPayMerchantTLV::Value format;
+        std::string value;
+        bool isPlaceholder;
+        std::optional<std::string> length;
+    };
+    const std::vector<Row> rows{
+        {std::nullopt, "?", true, std::nullopt},
+        {std::nullopt, "?A", true, "10"},
+        {std::nullopt, "?A1", true, "10"},
+        {std::nullopt, "?q", true, "26"},
+        {std::nullopt, "?r", true, std::nullopt},
+        {std::nullopt, "?0", true, "0"},
+        {std::nullopt, "?+", true, std::nullopt},
+        {std::nullopt, "?-", true, std::nullopt},
+        {std::nullopt, "***", false, std::nullopt},
+        {std::nullopt,
+         "?\xCC\x81"
+         "1",
+         false, std::nullopt},
+        {std::nullopt, "?1\xCC\x81", true, std::nullopt},
+        {"01", "***", true, std::nullopt},
+        {"01", "****", false, std::nullopt},
+        {"01", "?5", false, std::nullopt},
+        {"02", "?5", true, std::nullopt},
+        {"02", "***", false, std::nullopt},
+        {"", "?5", true, std::nullopt},
+    };
+    for (const Row& row : rows) {
+        KorvoPayMerchantTLV holder;
+        holder.payloadFormatIndicator = row.format;
+        holder.primaryID = holder.secondaryID = holder.billNumber = holder.additionalConsumerDataReq =
+            row.value;
+        const auto data = assembleQRCodeData(holder);
+        EXPECT_EQ(data->isPrimaryIDMandatory(), row.isPlaceholder) << row.value;
+        EXPECT_EQ(data->isSecondaryIDMandatory(), row.isPlaceholder) << row.value;
+        EXPECT_EQ(data->isBillIDMandatory(), row.isPlaceholder) << row.value;
+        EXPECT_EQ(data->isAdditonalConsumerDataRequestMandatory(), row.isPlaceholder) << row.value;
+        EXPECT_EQ(data->isPurposeMandatory(), false);
+        EXPECT_EQ(data->primaryID().has_value(), !row.isPlaceholder) << row.value;
+        EXPECT_EQ(data->secondaryID().has_value(), !row.isPlaceholder) << row.value;
+        EXPECT_EQ(data->billID(), row.value);
+        EXPECT_EQ(data->primaryIDLength(), row.length) << row.value;
+        EXPECT_EQ(data->secondaryIDLength(), row.length) << row.value;
+    }
+}
+
+TEST(Response, CarriesWhatItIsGiven) {
+    const QRCodeParserResponse neither(nullptr, nullptr);
+    EXPECT_FALSE(neither.qrCodeData() || neither.qrCodeError());
+    QRCodeError error({"41", "48"});
+    const QRCodeParserResponse both(std::make_shared<QRCodeData>(), std::make_shared<QRCodeError>(error));
+    EXPECT_TRUE(both.qrCodeData() && both.qrCodeError());
+    EXPECT_EQ(error.description(), "41 48 ");
+    error.setErrorCodes({"9", "9"});
+    EXPECT_EQ(error.description(), "9 9 ");
+    EXPECT_NE(error, *both.qrCodeError());
+    EXPECT_EQ(QRCodeError({}).description(), "");
+    std::ostringstream printed;
+    printed << error << QRCodeData();
+    EXPECT_EQ(printed.str(), "9 9 " + readData("empty.txt"));
+}
+
+TEST(Response, OutlivesThePayloadAndLaterParses) {
+    auto payload = std::make_unique<std::string>(with(twoDigit, {{"59", std::string(25, 'n')}}));
+    const auto accepted = QRCodeParser::parseQRData(*payload);
+    const auto refused = QRCodeParser::parseQRData(with(twoDigit, {{"58", "in"}}));
+    payload.reset();
+    QRCodeParser::parseQRData("0");
+    QRCodeParser::parseQRData("0", nullptr);
+    EXPECT_EQ(accepted.qrCodeData()->merchantName(), std::string(25, 'n'));
+    EXPECT_EQ(refused.qrCodeError()->errorCodes(), Codes{"12"});
+}
+
+TEST(Library, TellsItsVersion) {
+    EXPECT_EQ(KorvoQRParserVersionNumber, 1.0);
+    EXPECT_STREQ(KorvoQRParserVersionString, "@(#)PROGRAM:KorvoQRParser  PROJECT:KorvoSDK-1\n");
+    EXPECT_EQ(KorvoQRConstants::KorvoQRSDKVersion, "");
+}
+
+}  // namespace
+}  // namespace korvo::test

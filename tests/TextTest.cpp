@@ -1,0 +1,178 @@
+#include "Payloads.h"
+#include <KorvoQRParser/Decoding/CharacterSet.h>
+#include <KorvoQRParser/Decoding/TextHelpers.h>
+
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+namespace korvo::test {
+namespace {
+
+const std::string acute = "\xCC\x81";
+
+TEST(Text, ParsesIntegers) {
+    struct Row {
+        std::string text;
+        int radix;
+        std::optional<std::int64_t> number;
+    };
+    const auto none = std::nullopt;
+    const std::vector<Row> rows{
+        {"0", 10, 0},
+        {"007", 10, 7},
+        {"+7", 10, 7},
+        {"-7", 10, -7},
+        {"", 10, none},
+        {"+", 10, none},
+        {"-", 10, none},
+        {"+-7", 10, none},
+        {"++7", 10, none},
+        {"--7", 10, none},
+        {" 7", 10, none},
+        {"7 ", 10, none},
+        {"7a", 10, none},
+        {std::string("7\0", 2), 10, none},
+        {"\xD9\xA1", 10, none},
+        {"9223372036854775807", 10, INT64_MAX},
+        {"9223372036854775808", 10, none},
+        {"-9223372036854775808", 10, INT64_MIN},
+        {"aF", 16, 0xAF},
+        {"+aF", 16, 0xAF},
+        {"0x1", 16, none},
+        {"g", 16, none},
+        {"q", 27, 26},
+        {"Q", 27, 26},
+        {"r", 27, none},
+        {"z", 36, 35},
+        {"Z", 36, 35},
+    };
+    for (const auto& [text, radix, number] : rows) {
+        EXPECT_EQ(parseInteger(text, radix), number) << text;
+    }
+    EXPECT_EQ(parseDecimal(std::string(400, '9')), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(parseDecimal("0." + std::string(400, '0') + "1"), 0.0);
+    EXPECT_EQ(parseDecimal("1.5"), 1.5);
+    EXPECT_FALSE(parseDecimal("") || parseDecimal("1.5 ") || parseDecimal("."));
+}
+
+TEST(Text, CutsByUserPerceivedCharacters) {
+    const std::string text = "a" + acute + "b\r\nc";
+    EXPECT_EQ(characterCount(text), 4U);
+    EXPECT_EQ(characterCount(""), 0U);
+    EXPECT_EQ(substringFromOffset(0, text), "a" + acute);
+    EXPECT_EQ(substringFromOffset(2, text), "\r\n");
+    EXPECT_EQ(substringFromOffset(3, text), "c");
+    EXPECT_FALSE(substringFromOffset(4, text) || substringFromOffset(0, "") || substringFromOffset(9, text));
+    EXPECT_EQ(substringWithOffsets(1, 3, text), "b\r\n");
+    EXPECT_EQ(substringWithOffsets(4, 4, text), "");
+    EXPECT_DEATH((void)substringWithOffsets(3, 5, text), "substringWithOffsets: the offsets lie outside");
+    EXPECT_DEATH((void)substringWithOffsets(3, 2, text), "substringWithOffsets");
+    EXPECT_EQ(droppingLastCharacters(text, 2), "a" + acute + "b");
+    EXPECT_EQ(droppingLastCharacters("abcdef", 4), "ab");
+    EXPECT_EQ(droppingLastCharacters("abc\r\ndef", 4), "abc");
+    EXPECT_EQ(droppingLastCharacters("abcd", 4), "");
+    EXPECT_EQ(droppingLastCharacters("\xDB\x9D"
+                                     "1234",
+                                     4),
+              "");  // a sign that joins what follows
+    EXPECT_TRUE(hasCharacterCount(text, 4) && !hasCharacterCount(text, 3) && !hasCharacterCount(text, 5));
+    EXPECT_TRUE(hasMoreCharactersThan(text, 3) && !hasMoreCharactersThan(text, 4));
+    EXPECT_TRUE(beginsWith("?", '?') && !beginsWith("?" + acute, '?') && !beginsWith("", '?') &&
+                !beginsWith("!?", '?'));
+    EXPECT_EQ(lowerCased("AbZ[\xC3\x89\xE2\x84\xAA"), "abz[\xC3\xA9k");
+    EXPECT_EQ(lowerCased("AbZ[1"), "abz[1");
+}
+
+TEST(Text, MatchesRegex) {
+    const std::string pattern = "^[1-9a-qA-Q]";
+    for (const auto& [text, matches] : std::vector<std::pair<std::string, bool>>{{"7abc", true},
+                                                                                 {"Q", true},
+                                                                                 {"0", false},
+                                                                                 {"r", false},
+                                                                                 {"", false},
+                                                                                 {"\n7", false},
+                                                                                 {"7" + acute, true}}) {
+        EXPECT_EQ(matchesRegex(text, pattern), matches) << text;
+    }
+    EXPECT_TRUE(matchesRegex("xx7", "7$"));
+    testing::internal::CaptureStdout();
+    EXPECT_FALSE(matchesRegex("a", "["));
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "\"U_REGEX_MISSING_CLOSE_BRACKET\"\n");
+    EXPECT_TRUE(matchesRegex("7", pattern));
+}
+
+TEST(Text, CharacterSets) {
+    const auto digits = CharacterSet::numericCharacterSet();
+    const auto words = CharacterSet::alphaNumericWhiteSpaceCharacterSet();
+    for (const auto& [text, isDigit, isWord] :
+         std::vector<std::tuple<std::string, bool, bool>>{{"7", true, true},
+                                                          {"\xD9\xA1", false, true},
+                                                          {"\xEF\xBC\x91", false, true},
+                                                          {"\xC3\xA9", false, true},
+                                                          {acute, false, true},
+                                                          {" ", false, true},
+                                                          {"\t", false, true},
+                                                          {"\xC2\xA0", false, true},
+                                                          {"\n", false, false},
+                                                          {".", false, false},
+                                                          {"\x80", false, false}}) {
+        EXPECT_EQ(consistsOfCharactersOf(text, digits), isDigit) << text;
+        EXPECT_EQ(containsCharacterOf("." + text, words), isWord) << text;
+    }
+    auto set = CharacterSet::characterSetWithCharactersInString("a\xC3\xA9");
+    EXPECT_TRUE(consistsOfCharactersOf("\xC3\xA9"
+                                       "a",
+                                       set) &&
+                !containsCharacterOf("b\xC3\xA8", set));
+    EXPECT_TRUE(
+        consistsOfCharactersOf("\xC3\xA9"
+                               "aZ",
+                               set.formUnionWith(CharacterSet::letterCharacterSet())));
+    EXPECT_TRUE(consistsOfCharactersOf("", set) && !containsCharacterOf("", set));
+}
+
+std::string utf8(char32_t c) {
+    const auto byte = [c](unsigned lead, unsigned shift) {
+        return static_cast<char>(lead | (c >> shift & (lead == 0x80 ? 0x3FU : 0xFFU)));
+    };
+    return c < 0x80      ? std::string{byte(0, 0)}
+           : c < 0x800   ? std::string{byte(0xC0, 6), byte(0x80, 0)}
+           : c < 0x10000 ? std::string{byte(0xE0, 12), byte(0x80, 6), byte(0x80, 0)}
+                         : std::string{byte(0xF0, 18), byte(0x80, 12), byte(0x80, 6), byte(0x80, 0)};
+}
+
+// The Unicode Consortium's own cases, each as a merchant name whose length the file tells. Controls around
+// it, which join nothing, keep a mark at its start from joining the length before it.
+TEST(Text, AgreesWithTheGraphemeBreakTest) {
+    std::istringstream lines(readFile(KORVOQR_GRAPHEME_BREAK_TEST));
+    std::size_t cases = 0;
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream fields(line.substr(0, line.find('#')));
+        std::string name = "\x01";
+        std::size_t characters = 1;
+        for (std::string field; fields >> field;) {
+            const bool isBoundary = field == "\xC3\xB7";
+            characters += isBoundary ? 1 : 0;
+            name += isBoundary || field == "\xC3\x97"
+                        ? ""
+                        : utf8(static_cast<char32_t>(std::stoul(field, nullptr, 16)));
+        }
+        if (characters == 1) {
+            continue;
+        }
+        ++cases;
+        for (const int change : {-1, 0, 1}) {
+            const std::size_t announced = characters + static_cast<std::size_t>(change);
+            const std::string length{static_cast<char>('0' + announced / 10),
+                                     static_cast<char>('0' + announced % 10)};
+            const auto response = QRCodeParser::parseQRData(
+                closed(join(changed(twoDigit, {{"59", std::nullopt}})) + "59" + length + name + "\x01"));
+            EXPECT_EQ(response.qrCodeData() != nullptr, change == 0) << line;
+        }
+    }
+    EXPECT_GT(cases, 600U);
+}
+
+}  // namespace
+}  // namespace korvo::test
