@@ -14,7 +14,8 @@ namespace korvo {
 
 namespace {
 
-constexpr std::size_t malformed = std::string_view::npos;
+// Instead of an offset: the bytes are no text.
+constexpr std::size_t noText = std::string_view::npos;
 
 // How far ahead one look for plain characters goes: longer than any payload in use, short enough that a huge
 // text whose beginning already tells the answer costs nothing.
@@ -36,38 +37,84 @@ bool areEightPlain(const char* bytes) noexcept {
     return ((word | highWhereZero) & highBits) == 0;
 }
 
-// Between two code points of these classes there is a boundary in every version of UAX #29, whatever stands
-// around them, CR LF excepted. Everything else is for the Unicode library to decide.
-bool isStandalone(std::int32_t codePoint) noexcept {
+// How a code point joins its neighbours, as far as every version of UAX #29 agrees on it.
+enum class Joining : unsigned char {
+    none,       // joins nothing but the marks behind it
+    control,    // joins nothing at all, but for CR LF
+    mark,       // joins what stands before it, and nothing behind it but other marks
+    complex,    // everything else, for the Unicode library to decide
+    malformed,  // no code point
+};
+
+Joining joiningOf(std::int32_t codePoint) noexcept {
+    constexpr int viramaClass = 9;  // the combining class of all marks that may link two letters
+    if (codePoint < 0) {
+        return Joining::malformed;
+    }
     switch (u_getIntPropertyValue(codePoint, UCHAR_GRAPHEME_CLUSTER_BREAK)) {
         case U_GCB_OTHER:
+            return Joining::none;
         case U_GCB_CONTROL:
         case U_GCB_CR:
         case U_GCB_LF:
-            return true;
+            return Joining::control;
+        case U_GCB_EXTEND:
+        case U_GCB_SPACING_MARK:
+            return u_getCombiningClass(codePoint) == viramaClass ? Joining::complex : Joining::mark;
         default:
-            return false;
+            return Joining::complex;
     }
 }
 
-// Where the stretch ends that begins at `start` and can be cut on its own: at the first boundary between two
-// standalone code points, CR LF being none.
-std::size_t endOfStretch(std::string_view text, std::size_t start) noexcept {
-    std::size_t end = start;
-    std::int32_t previous = nextCodePoint(text, end);
-    bool previousStandsAlone = previous >= 0 && isStandalone(previous);
-    while (previous >= 0 && end < text.size()) {
-        std::size_t afterNext = end;
-        const std::int32_t next = nextCodePoint(text, afterNext);
-        const bool nextStandsAlone = next >= 0 && isStandalone(next);
-        if (previousStandsAlone && nextStandsAlone && !(previous == '\r' && next == '\n')) {
-            return end;
-        }
-        end = afterNext;
-        previous = next;
-        previousStandsAlone = nextStandsAlone;
+// A code point, how it joins, and where it ends.
+struct CodePoint {
+    CodePoint(std::string_view text, std::size_t offset) noexcept
+        : end(offset), value(nextCodePoint(text, end)), joining(joiningOf(value)) {}
+
+    bool standsAlone() const noexcept { return joining == Joining::none || joining == Joining::control; }
+
+    std::size_t end;
+    std::int32_t value;
+    Joining joining;
+};
+
+bool isCRLF(const CodePoint& first, const CodePoint& second) noexcept {
+    return first.value == '\r' && second.value == '\n';
+}
+
+// Where the character at `start` ends, if that can be said without the Unicode library: an ordinary code
+// point with its marks, or a control. Otherwise `start` itself.
+std::size_t endOfSimpleCharacter(std::string_view text, std::size_t start) noexcept {
+    const CodePoint first(text, start);
+    if (!first.standsAlone()) {
+        return start;
     }
-    return previous >= 0 ? end : malformed;
+    std::size_t end = first.end;
+    while (end < text.size()) {
+        const CodePoint next(text, end);
+        if (first.joining == Joining::control) {
+            return isCRLF(first, next) ? next.end : end;
+        }
+        if (next.joining != Joining::mark) {
+            return next.standsAlone() ? end : start;
+        }
+        end = next.end;
+    }
+    return end;
+}
+
+// Where the stretch ends that begins at `start` and can be cut on its own: before the second of two code
+// points that stand alone. Malformed when there are bytes on the way that are no code point.
+std::size_t endOfStretch(std::string_view text, std::size_t start) noexcept {
+    CodePoint previous(text, start);
+    while (previous.joining != Joining::malformed && previous.end < text.size()) {
+        const CodePoint next(text, previous.end);
+        if (previous.standsAlone() && next.standsAlone() && !isCRLF(previous, next)) {
+            break;
+        }
+        previous = next;
+    }
+    return previous.joining == Joining::malformed ? noText : previous.end;
 }
 
 struct CloseICU {
@@ -90,7 +137,7 @@ UBreakIterator* threadBreakIterator() {
 std::size_t cutStretch(std::string_view stretch, std::size_t& count) {
     UBreakIterator* const iterator = threadBreakIterator();
     if (iterator == nullptr || stretch.size() > std::numeric_limits<std::int32_t>::max()) {
-        return malformed;
+        return noText;
     }
     UErrorCode status = U_ZERO_ERROR;
     UText text = UTEXT_INITIALIZER;
@@ -98,7 +145,7 @@ std::size_t cutStretch(std::string_view stretch, std::size_t& count) {
         utext_openUTF8(&text, stretch.data(), static_cast<std::int64_t>(stretch.size()), &status));
     ubrk_setUText(iterator, opened.get(), &status);
     if (U_FAILURE(status)) {
-        return malformed;
+        return noText;
     }
     std::size_t end = 0;
     while (count > 0 && end < stretch.size()) {
@@ -110,7 +157,7 @@ std::size_t cutStretch(std::string_view stretch, std::size_t& count) {
 
 }  // namespace
 
-std::int32_t nextCodePoint(std::string_view text, std::size_t& offset) noexcept {
+std::int32_t nextCodePointBeyondASCII(std::string_view text, std::size_t& offset) noexcept {
     const auto* const bytes = reinterpret_cast<const std::uint8_t*>(text.data());
     std::int32_t codePoint = 0;
     U8_NEXT(bytes, offset, text.size(), codePoint);
@@ -138,7 +185,7 @@ void CharacterReader::findPlainRun(std::size_t from) noexcept {
 bool CharacterReader::skip(std::size_t count) {
     std::size_t end = offset_;
     while (count > 0 && end < text_.size()) {
-        if (end >= plainEnd_) {
+        if (end >= plainEnd_ && isPlain(text_[end])) {
             findPlainRun(end);
         }
         if (end < plainEnd_) {
@@ -147,12 +194,16 @@ bool CharacterReader::skip(std::size_t count) {
             count -= step;
             continue;
         }
-        const std::size_t stretchEnd = endOfStretch(text_, end);
-        if (stretchEnd == malformed) {
-            return false;
+        const std::size_t simpleEnd = endOfSimpleCharacter(text_, end);
+        if (simpleEnd != end) {
+            end = simpleEnd;
+            --count;
+            continue;
         }
-        const std::size_t cut = cutStretch(text_.substr(end, stretchEnd - end), count);
-        if (cut == malformed) {
+        const std::size_t stretchEnd = endOfStretch(text_, end);
+        const std::size_t cut =
+            stretchEnd == noText ? noText : cutStretch(text_.substr(end, stretchEnd - end), count);
+        if (cut == noText) {
             return false;
         }
         end += cut;

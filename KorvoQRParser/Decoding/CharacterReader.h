@@ -1,6 +1,8 @@
 #ifndef KORVOQRPARSER_DECODING_CHARACTERREADER_H
 #define KORVOQRPARSER_DECODING_CHARACTERREADER_H
 
+#include <KorvoQRParser/Decoding/CountedText.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -8,9 +10,19 @@
 
 namespace korvo {
 
+/// What nextCodePoint does where the text's byte at the offset is not ASCII.
+std::int32_t nextCodePointBeyondASCII(std::string_view text, std::size_t& offset) noexcept;
+
 /// Reads the code point at a byte offset and moves the offset behind it. Negative when the bytes there are
 /// not well-formed UTF-8. The offset must lie before the text's end.
-std::int32_t nextCodePoint(std::string_view text, std::size_t& offset) noexcept;
+inline std::int32_t nextCodePoint(std::string_view text, std::size_t& offset) noexcept {
+    const auto byte = static_cast<unsigned char>(text[offset]);
+    if (byte < 0x80) {
+        ++offset;
+        return byte;
+    }
+    return nextCodePointBeyondASCII(text, offset);
+}
 
 /// Takes a UTF-8 text apart into user-perceived characters (extended grapheme clusters, UAX #29), from left
 /// to right, looking at no more of the text than the characters asked for.
@@ -20,6 +32,13 @@ std::int32_t nextCodePoint(std::string_view text, std::size_t& offset) noexcept;
 class CharacterReader {
   public:
     explicit CharacterReader(std::string_view text) noexcept : text_(text) { findPlainRun(0); }
+    explicit CharacterReader(const CountedText& text) noexcept : text_(text.text()) {
+        if (text.isPlain()) {
+            plainEnd_ = text_.size();
+        } else {
+            findPlainRun(0);
+        }
+    }
 
     /// Whether everything has been taken.
     bool atEnd() const noexcept { return offset_ == text_.size(); }
@@ -36,7 +55,7 @@ class CharacterReader {
         } else if (!skip(count)) {
             return std::nullopt;
         }
-        return text_.substr(start, offset_ - start);
+        return std::string_view(text_.data() + start, offset_ - start);
     }
 
   private:
@@ -48,6 +67,21 @@ class CharacterReader {
     // From the offset to here, each byte is one character.
     std::size_t plainEnd_ = 0;
 };
+
+/// Calls `use` with each character of the text, from left to right.
+template <class Use>
+void forEachCharacter(const CountedText& text, Use use) {
+    if (text.isPlain()) {
+        for (const char& byte : text.text()) {
+            use(std::string_view(&byte, 1));
+        }
+        return;
+    }
+    CharacterReader characters(text);
+    while (const auto character = characters.take(1)) {
+        use(*character);
+    }
+}
 
 }  // namespace korvo
 

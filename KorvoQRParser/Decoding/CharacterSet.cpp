@@ -68,12 +68,9 @@ CharacterSet& CharacterSet::formUnionWith(const CharacterSet& other) {
     return *this;
 }
 
-bool CharacterSet::contains(std::int32_t codePoint) const {
-    if (codePoint < 0x80) {
-        return codePoint >= 0 && ascii_[static_cast<std::size_t>(codePoint)];
-    }
-    return (U_GET_GC_MASK(codePoint) & categories_) != 0 ||
-           std::find(others_.begin(), others_.end(), codePoint) != others_.end();
+bool CharacterSet::containsBeyondASCII(std::int32_t codePoint) const {
+    return codePoint >= 0 && ((U_GET_GC_MASK(codePoint) & categories_) != 0 ||
+                              std::find(others_.begin(), others_.end(), codePoint) != others_.end());
 }
 
 bool containsCharacterOf(std::string_view text, const CharacterSet& set) {

@@ -33,11 +33,15 @@ class CharacterSet {
     CharacterSet& formUnionWith(const CharacterSet& other);
 
     /// Whether a code point is a member. Negative numbers, which stand for malformed bytes, never are.
-    bool contains(std::int32_t codePoint) const;
+    bool contains(std::int32_t codePoint) const {
+        const auto position = static_cast<std::uint32_t>(codePoint);
+        return position < ascii_.size() ? ascii_[position] : containsBeyondASCII(codePoint);
+    }
 
   private:
     explicit CharacterSet(std::uint32_t categories);
     void insert(std::int32_t codePoint);
+    bool containsBeyondASCII(std::int32_t codePoint) const;
 
     // ASCII members have a table of their own, so that the usual text never asks the Unicode data.
     std::array<bool, 128> ascii_{};

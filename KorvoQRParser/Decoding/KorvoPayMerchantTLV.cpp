@@ -78,44 +78,32 @@ constexpr std::array<Field, 12> tlv00Fields{
 
 }  // namespace
 
-bool KorvoPayMerchantTLV::setTLV01Value(std::string_view tag, std::optional<std::string_view> subTag,
-                                        std::string_view value) {
-    const auto knownTag = payMerchantValidTLV01(tag);
-    if (!knownTag) {
-        return false;
-    }
-    if (*knownTag == PayMerchantValidTLV01::AdditionalDataField && subTag) {
-        const auto knownSubTag = pmValidTLV01AdditionalDataField(*subTag);
-        if (knownSubTag) {
-            store(subTagFields[static_cast<std::size_t>(*knownSubTag)], value);
-        }
-        return knownSubTag.has_value();
-    }
-    const auto position = static_cast<std::size_t>(*knownTag);
-    if (position < lowTLV01Fields.size()) {
-        store(lowTLV01Fields[position], value);
+void KorvoPayMerchantTLV::store(PayMerchantValidTLV01 tag, const CountedText& value) {
+    const auto position = static_cast<std::size_t>(tag);
+    if (tag == PayMerchantValidTLV01::TipAndFeeIndicator) {
+        storeTipAndFeeIndicator(value);
+    } else if (position < lowTLV01Fields.size()) {
+        this->*lowTLV01Fields[position] = value;
     } else if (position >= firstHighTag) {
-        store(highTLV01Fields[position - firstHighTag], value);
+        this->*highTLV01Fields[position - firstHighTag] = value;
     }
-    return true;
 }
 
-bool KorvoPayMerchantTLV::setTLV00Value(std::string_view tag, std::string_view value) {
-    // No text outside ASCII has an upper case that is a tag.
-    const char upperCase =
-        tag.size() == 1 && tag[0] >= 'a' && tag[0] <= 'z' ? static_cast<char>(tag[0] - 32) : '\0';
-    const auto knownTag = payMerchantValidTLV00(upperCase != '\0' ? std::string_view(&upperCase, 1) : tag);
-    if (knownTag) {
-        store(tlv00Fields[static_cast<std::size_t>(*knownTag)], value);
-    }
-    return knownTag.has_value();
+void KorvoPayMerchantTLV::store(PMValidTLV01AdditionalDataField subTag, const CountedText& value) {
+    this->*subTagFields[static_cast<std::size_t>(subTag)] = value;
 }
 
-void KorvoPayMerchantTLV::store(Value KorvoPayMerchantTLV::*field, std::string_view value) {
-    this->*field = value;
-    if (field == &KorvoPayMerchantTLV::tipAndFeeIndicator) {
-        isTipAvailable = value == "01" || value == "02" || value == "03";
+void KorvoPayMerchantTLV::store(PayMerchantValidTLV00 tag, const CountedText& value) {
+    if (tag == PayMerchantValidTLV00::TipAndFeeIndicator) {
+        storeTipAndFeeIndicator(value);
+    } else {
+        this->*tlv00Fields[static_cast<std::size_t>(tag)] = value;
     }
+}
+
+void KorvoPayMerchantTLV::storeTipAndFeeIndicator(const CountedText& value) {
+    isTipAvailable = value == "01" || value == "02" || value == "03";
+    tipAndFeeIndicator = value;
 }
 
 }  // namespace korvo

@@ -1,6 +1,7 @@
 #ifndef KORVOQRPARSER_DECODING_KORVOPAYMERCHANTTLV_H
 #define KORVOQRPARSER_DECODING_KORVOPAYMERCHANTTLV_H
 
+#include <KorvoQRParser/Decoding/CountedText.h>
 #include <KorvoQRParser/Decoding/TLVDecodingProtocol.h>
 
 #include <optional>
@@ -12,11 +13,7 @@ namespace korvo {
 /// into the payload, exactly as they stand there; one holder serves one payload.
 class KorvoPayMerchantTLV final : public TLVDecodingProtocol {
   public:
-    using Value = std::optional<std::string_view>;
-
-    bool setTLV01Value(std::string_view tag, std::optional<std::string_view> subTag,
-                       std::string_view value) override;
-    bool setTLV00Value(std::string_view tag, std::string_view value) override;
+    using Value = std::optional<CountedText>;
 
     Value korvoMerchantID;
     Value merchantName;
@@ -75,7 +72,10 @@ class KorvoPayMerchantTLV final : public TLVDecodingProtocol {
     Value tagSixtyTwo22;
 
   private:
-    void store(Value KorvoPayMerchantTLV::*field, std::string_view value);
+    void store(PayMerchantValidTLV01 tag, const CountedText& value) override;
+    void store(PMValidTLV01AdditionalDataField subTag, const CountedText& value) override;
+    void store(PayMerchantValidTLV00 tag, const CountedText& value) override;
+    void storeTipAndFeeIndicator(const CountedText& value);
 };
 
 }  // namespace korvo

@@ -27,12 +27,12 @@ constexpr std::string_view rawValue(PMValidTLV01AdditionalDataField subTag) {
 /// The case that a payload's sub-tag names; absent when it is none of "01" to "22".
 constexpr std::optional<PMValidTLV01AdditionalDataField> pmValidTLV01AdditionalDataField(
     std::string_view rawValue) noexcept {
-    constexpr unsigned last = static_cast<unsigned>(PMValidTLV01AdditionalDataField::TagSixtyTwo22) + 1;
-    const std::optional<unsigned> number = twoDigitNumber(rawValue);
-    if (!number || *number < 1 || *number > last) {
+    constexpr int last = static_cast<int>(PMValidTLV01AdditionalDataField::TagSixtyTwo22) + 1;
+    const int number = twoDigitNumber(rawValue);
+    if (number < 1 || number > last) {
         return std::nullopt;
     }
-    return static_cast<PMValidTLV01AdditionalDataField>(*number - 1);
+    return static_cast<PMValidTLV01AdditionalDataField>(number - 1);
 }
 
 }  // namespace korvo

@@ -29,12 +29,14 @@ constexpr std::string_view rawValue(PayMerchantValidTLV00 tag) {
 
 /// The case that a tag in upper case names; absent when there is none.
 constexpr std::optional<PayMerchantValidTLV00> payMerchantValidTLV00(std::string_view rawValue) noexcept {
-    const std::size_t position =
-        rawValue.size() == 1 ? detail::oneCharacterTags.find(rawValue[0]) : std::string_view::npos;
-    if (position == std::string_view::npos) {
+    if (rawValue.size() != 1) {
         return std::nullopt;
     }
-    return static_cast<PayMerchantValidTLV00>(position);
+    const char character = rawValue[0];
+    const int position = character >= '0' && character <= '9'   ? character - '0'
+                         : character == 'A' || character == 'B' ? character - 'A' + 10
+                                                                : -1;
+    return position < 0 ? std::nullopt : std::optional(static_cast<PayMerchantValidTLV00>(position));
 }
 
 }  // namespace korvo

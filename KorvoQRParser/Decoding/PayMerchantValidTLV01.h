@@ -28,11 +28,11 @@ constexpr std::string_view rawValue(PayMerchantValidTLV01 tag) {
 
 /// The case that a payload's tag names; absent when it is none of "00" to "63".
 constexpr std::optional<PayMerchantValidTLV01> payMerchantValidTLV01(std::string_view rawValue) noexcept {
-    const std::optional<unsigned> number = twoDigitNumber(rawValue);
-    if (!number || *number > static_cast<unsigned>(PayMerchantValidTLV01::CRC)) {
+    const int number = twoDigitNumber(rawValue);
+    if (number < 0 || number > static_cast<int>(PayMerchantValidTLV01::CRC)) {
         return std::nullopt;
     }
-    return static_cast<PayMerchantValidTLV01>(*number);
+    return static_cast<PayMerchantValidTLV01>(number);
 }
 
 }  // namespace korvo

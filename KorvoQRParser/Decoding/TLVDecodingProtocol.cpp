@@ -1,5 +1,3 @@
-#include <KorvoQRParser/Decoding/CharacterReader.h>
-#include <KorvoQRParser/Decoding/PayMerchantValidTLV01.h>
 #include <KorvoQRParser/Decoding/TLVDecodingProtocol.h>
 #include <KorvoQRParser/Decoding/TLVElementReader.h>
 
@@ -7,64 +5,106 @@ namespace korvo {
 
 namespace {
 
-constexpr std::string_view payloadFormatIndicatorTag =
-    rawValue(PayMerchantValidTLV01::PayloadFormatIndicator);
-constexpr std::string_view additionalDataFieldTag = rawValue(PayMerchantValidTLV01::AdditionalDataField);
-constexpr std::string_view crcTag = rawValue(PayMerchantValidTLV01::CRC);
+// No text outside ASCII has an upper case that is a tag.
+std::optional<PayMerchantValidTLV00> tagInEitherCase(std::string_view tag) noexcept {
+    if (tag.size() != 1) {
+        return std::nullopt;
+    }
+    const char upperCase = tag[0] >= 'a' && tag[0] <= 'z' ? static_cast<char>(tag[0] - 32) : tag[0];
+    return payMerchantValidTLV00(std::string_view(&upperCase, 1));
+}
 
 }  // namespace
 
 std::optional<TLVDecodingError> TLVDecodingProtocol::decodeTLV(std::string_view tlvString) {
-    const auto firstTwo = CharacterReader(tlvString).take(2);
+    const CharacterReader payload(tlvString);
+    const auto firstTwo = CharacterReader(payload).take(2);
     if (!firstTwo) {
         return TLVDecodingError::InvalidLength;
     }
-    const auto error =
-        *firstTwo == payloadFormatIndicatorTag ? decodeTLV01(tlvString) : decodeTLV00(tlvString);
+    const bool isTwoDigit = payMerchantValidTLV01(*firstTwo) == PayMerchantValidTLV01::PayloadFormatIndicator;
+    const auto error = isTwoDigit ? decodeTwoDigitElements(payload) : decodeOneCharacterElements(payload);
     return error == TLVDecodingError::InvalidTagLength ? TLVDecodingError::InvalidLength : error;
 }
 
 std::optional<TLVDecodingError> TLVDecodingProtocol::decodeTLV01(std::string_view tlvString) {
-    if (tlvString.empty()) {
-        return TLVDecodingError::InvalidLength;
+    return tlvString.empty() ? TLVDecodingError::InvalidLength
+                             : decodeTwoDigitElements(CharacterReader(tlvString));
+}
+
+std::optional<TLVDecodingError> TLVDecodingProtocol::decodeTLV00(std::string_view tlvString) {
+    return tlvString.empty() ? TLVDecodingError::InvalidLength
+                             : decodeOneCharacterElements(CharacterReader(tlvString));
+}
+
+bool TLVDecodingProtocol::setTLV01Value(std::string_view tag, std::optional<std::string_view> subTag,
+                                        const CountedText& value) {
+    const auto knownTag = payMerchantValidTLV01(tag);
+    if (knownTag == PayMerchantValidTLV01::AdditionalDataField && subTag) {
+        const auto knownSubTag = pmValidTLV01AdditionalDataField(*subTag);
+        if (knownSubTag) {
+            store(*knownSubTag, value);
+        }
+        return knownSubTag.has_value();
     }
-    TLVElementReader elements(tlvString, twoDigitFormat);
+    if (knownTag) {
+        store(*knownTag, value);
+    }
+    return knownTag.has_value();
+}
+
+bool TLVDecodingProtocol::setTLV00Value(std::string_view tag, const CountedText& value) {
+    const auto knownTag = tagInEitherCase(tag);
+    if (knownTag) {
+        store(*knownTag, value);
+    }
+    return knownTag.has_value();
+}
+
+std::optional<TLVDecodingError> TLVDecodingProtocol::decodeTwoDigitElements(const CharacterReader& payload) {
+    TLVElementReader elements(payload, twoDigitFormat);
     TLVElement element;
+    std::optional<PayMerchantValidTLV01> tag;
     while (!elements.atEnd()) {
         if (const auto error = elements.next(element)) {
             return error;
         }
-        if (!setTLV01Value(element.tag, std::nullopt, element.value)) {
+        tag = payMerchantValidTLV01(element.tag);
+        if (!tag) {
             return TLVDecodingError::InvalidTag;
         }
-        if (element.tag == additionalDataFieldTag) {
+        store(*tag, element.value);
+        if (*tag == PayMerchantValidTLV01::AdditionalDataField) {
             if (const auto error = decodeAdditionalDataField(element.value)) {
                 return error;
             }
         }
     }
-    return element.tag == crcTag ? std::nullopt : std::optional(TLVDecodingError::InvalidTag);
+    if (tag != PayMerchantValidTLV01::CRC) {
+        return TLVDecodingError::InvalidTag;
+    }
+    return std::nullopt;
 }
 
-std::optional<TLVDecodingError> TLVDecodingProtocol::decodeAdditionalDataField(std::string_view value) {
-    TLVElementReader elements(value, twoDigitFormat);
+std::optional<TLVDecodingError> TLVDecodingProtocol::decodeAdditionalDataField(const CountedText& value) {
+    TLVElementReader elements(CharacterReader(value), twoDigitFormat);
     TLVElement element;
     while (!elements.atEnd()) {
         if (const auto error = elements.next(element)) {
             return error;
         }
-        if (!setTLV01Value(additionalDataFieldTag, element.tag, element.value)) {
+        const auto subTag = pmValidTLV01AdditionalDataField(element.tag);
+        if (!subTag) {
             return TLVDecodingError::InvalidTag;
         }
+        store(*subTag, element.value);
     }
     return std::nullopt;
 }
 
-std::optional<TLVDecodingError> TLVDecodingProtocol::decodeTLV00(std::string_view tlvString) {
-    if (tlvString.empty()) {
-        return TLVDecodingError::InvalidLength;
-    }
-    TLVElementReader elements(tlvString, oneCharacterFormat);
+std::optional<TLVDecodingError> TLVDecodingProtocol::decodeOneCharacterElements(
+    const CharacterReader& payload) {
+    TLVElementReader elements(payload, oneCharacterFormat);
     TLVElement element;
     while (!elements.atEnd()) {
         if (const auto error = elements.next(element)) {

@@ -1,6 +1,11 @@
 #ifndef KORVOQRPARSER_DECODING_TLVDECODINGPROTOCOL_H
 #define KORVOQRPARSER_DECODING_TLVDECODINGPROTOCOL_H
 
+#include <KorvoQRParser/Decoding/CharacterReader.h>
+#include <KorvoQRParser/Decoding/CountedText.h>
+#include <KorvoQRParser/Decoding/PMValidTLV01AdditionalDataField.h>
+#include <KorvoQRParser/Decoding/PayMerchantValidTLV00.h>
+#include <KorvoQRParser/Decoding/PayMerchantValidTLV01.h>
 #include <KorvoQRParser/Decoding/TLVDecodingError.h>
 
 #include <optional>
@@ -8,11 +13,13 @@
 
 namespace korvo {
 
-/// Gives a tag holder the operation that fills it from a payload. The holder supplies the two store
-/// operations.
+/// Gives a tag holder the operations that fill it. The holder supplies the storing of one value, by tag.
 ///
 /// All operations are linear in the length of the payload, throw nothing, and may run at once on different
 /// holders. What they store are views into the payload, which must outlive the holder.
+///
+/// 01 stands for the two-digit format, whose payloads begin with tag "00" holding "01"; 00 stands for the
+/// one-character format, which has no such tag.
 class TLVDecodingProtocol {
   public:
     /// Splits a payload of either format into this holder. Absent on success. Values are stored while
@@ -28,20 +35,26 @@ class TLVDecodingProtocol {
 
     /// Stores a value of the two-digit format. The sub-tag is looked at for tag "62" only; without one the
     /// value is the whole additional data field. False when the tag or sub-tag is unknown.
-    virtual bool setTLV01Value(std::string_view tag, std::optional<std::string_view> subTag,
-                               std::string_view value) = 0;
+    bool setTLV01Value(std::string_view tag, std::optional<std::string_view> subTag,
+                       const CountedText& value);
 
     /// Stores a value of the one-character format, its tag in either letter case. False when it is unknown.
-    virtual bool setTLV00Value(std::string_view tag, std::string_view value) = 0;
+    bool setTLV00Value(std::string_view tag, const CountedText& value);
 
   protected:
+    virtual void store(PayMerchantValidTLV01 tag, const CountedText& value) = 0;
+    virtual void store(PMValidTLV01AdditionalDataField subTag, const CountedText& value) = 0;
+    virtual void store(PayMerchantValidTLV00 tag, const CountedText& value) = 0;
+
     TLVDecodingProtocol() = default;
     TLVDecodingProtocol(const TLVDecodingProtocol&) = default;
     TLVDecodingProtocol& operator=(const TLVDecodingProtocol&) = default;
     ~TLVDecodingProtocol() = default;
 
   private:
-    std::optional<TLVDecodingError> decodeAdditionalDataField(std::string_view value);
+    std::optional<TLVDecodingError> decodeTwoDigitElements(const CharacterReader& payload);
+    std::optional<TLVDecodingError> decodeOneCharacterElements(const CharacterReader& payload);
+    std::optional<TLVDecodingError> decodeAdditionalDataField(const CountedText& value);
 };
 
 }  // namespace korvo

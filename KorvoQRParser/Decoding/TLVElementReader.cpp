@@ -13,9 +13,9 @@ char asciiLower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
 }
 
-// Which bit stands for a tag. Only tags of two digits or of one ASCII character have one: no other is known
-// to any holder, and decoding ends at the first unknown tag.
-std::optional<std::size_t> seenTagBit(std::string_view tag) {
+// Which bit stands for a tag; negative for none. Only tags of two digits or of one ASCII character have one:
+// no other is known to any holder, and decoding ends at the first unknown tag.
+int seenTagBit(std::string_view tag) {
     if (tag.size() == 1) {
         return static_cast<unsigned char>(asciiLower(tag[0]));
     }
@@ -38,34 +38,40 @@ std::optional<TLVDecodingError> TLVElementReader::next(TLVElement& element) {
         return TLVDecodingError::InvalidTagLength;
     }
     element.length = *lengthField;
-    const auto length = readLength(*lengthField);
-    if (!length || *length < format_.minimumLength) {
+    const std::int64_t length = readLength(*lengthField);
+    if (length < format_.minimumLength) {
         return TLVDecodingError::InvalidTagLength;
     }
-    const auto value = characters_.take(static_cast<std::size_t>(*length));
+    const auto valueLength = static_cast<std::size_t>(length);
+    const auto value = characters_.take(valueLength);
     if (!value) {
         return TLVDecodingError::InvalidTagLength;
     }
-    element.value = *value;
+    element.value = {*value, valueLength};
     return std::nullopt;
 }
 
 bool TLVElementReader::isRepeated(std::string_view tag) {
-    const std::optional<std::size_t> bit = seenTagBit(tag);
-    if (!bit) {
+    const int bit = seenTagBit(tag);
+    if (bit < 0) {
         return false;
     }
-    const bool repeated = seenTags_[*bit];
-    seenTags_.set(*bit);
+    const bool repeated = seenTags_[static_cast<std::size_t>(bit)];
+    seenTags_[static_cast<std::size_t>(bit)] = true;
     return repeated;
 }
 
-std::optional<std::int64_t> TLVElementReader::readLength(std::string_view field) const {
+// Negative when the field is no number, which is below every format's shortest length.
+std::int64_t TLVElementReader::readLength(std::string_view field) const {
+    // Nearly every length field, without the general parse.
+    if (const int number = twoDigitNumber(field); number >= 0) {
+        return number;
+    }
     // The lower case of a letter outside ASCII may be a digit of base 36: the Kelvin sign's is "k".
     if (format_.fieldWidth == 1 && field.size() > 1 && field.size() <= maxDigitBytes) {
-        return parseInteger(lowerCased(field), format_.lengthRadix);
+        return parseInteger(lowerCased(field), format_.lengthRadix).value_or(-1);
     }
-    return parseInteger(field, format_.lengthRadix);
+    return parseInteger(field, format_.lengthRadix).value_or(-1);
 }
 
 }  // namespace korvo

@@ -2,6 +2,7 @@
 #define KORVOQRPARSER_DECODING_TLVELEMENTREADER_H
 
 #include <KorvoQRParser/Decoding/CharacterReader.h>
+#include <KorvoQRParser/Decoding/CountedText.h>
 #include <KorvoQRParser/Decoding/TLVDecodingError.h>
 
 #include <bitset>
@@ -29,7 +30,7 @@ inline constexpr TLVFormat oneCharacterFormat{1, 36, 0};
 struct TLVElement {
     std::string_view tag;     ///< as written
     std::string_view length;  ///< as written
-    std::string_view value;
+    CountedText value;
 };
 
 /// Reads a text's elements one after the other: the one place that knows the shape of an element, in either
@@ -37,7 +38,9 @@ struct TLVElement {
 /// there are.
 class TLVElementReader {
   public:
-    TLVElementReader(std::string_view text, const TLVFormat& format) : characters_(text), format_(format) {}
+    /// Reads what `characters` has not taken yet.
+    TLVElementReader(const CharacterReader& characters, const TLVFormat& format) noexcept
+        : characters_(characters), format_(format) {}
 
     /// Whether all elements have been read.
     bool atEnd() const noexcept { return characters_.atEnd(); }
@@ -51,7 +54,7 @@ class TLVElementReader {
 
   private:
     bool isRepeated(std::string_view tag);
-    std::optional<std::int64_t> readLength(std::string_view field) const;
+    std::int64_t readLength(std::string_view field) const;
 
     CharacterReader characters_;
     TLVFormat format_;

@@ -3,17 +3,18 @@
 
 #include <array>
 #include <cstddef>
-#include <optional>
 #include <string_view>
 
 namespace korvo {
 
-/// The number that exactly two ASCII decimal digits write; absent for any other text.
-constexpr std::optional<unsigned> twoDigitNumber(std::string_view text) noexcept {
-    if (text.size() != 2 || text[0] < '0' || text[0] > '9' || text[1] < '0' || text[1] > '9') {
-        return std::nullopt;
+/// The number that exactly two ASCII decimal digits write; negative for any other text.
+constexpr int twoDigitNumber(std::string_view text) noexcept {
+    if (text.size() != 2) {
+        return -1;
     }
-    return static_cast<unsigned>((text[0] - '0') * 10 + (text[1] - '0'));
+    const unsigned tens = static_cast<unsigned char>(text[0]) - unsigned{'0'};
+    const unsigned ones = static_cast<unsigned char>(text[1]) - unsigned{'0'};
+    return tens <= 9 && ones <= 9 ? static_cast<int>(10 * tens + ones) : -1;
 }
 
 namespace detail {

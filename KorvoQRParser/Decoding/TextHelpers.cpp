@@ -1,6 +1,7 @@
 #include <KorvoQRParser/Decoding/TextHelpers.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdio>
 #include <cstdlib>
@@ -46,6 +47,21 @@ const CompiledPattern& compile(std::string_view pattern) {
     return last;
 }
 
+// What a digit of any radix up to 36 stands for; 36 for what is no digit.
+constexpr std::array<std::int8_t, 256> digitValues = [] {
+    std::array<std::int8_t, 256> values{};
+    values.fill(36);
+    for (std::int8_t i = 0; i < 36; ++i) {
+        if (i < 10) {
+            values[static_cast<std::size_t>('0' + i)] = i;
+        } else {
+            values[static_cast<std::size_t>('a' + i - 10)] = i;
+            values[static_cast<std::size_t>('A' + i - 10)] = i;
+        }
+    }
+    return values;
+}();
+
 }  // namespace
 
 std::size_t characterCount(std::string_view text) {
@@ -56,21 +72,8 @@ std::size_t characterCount(std::string_view text) {
     return count;
 }
 
-bool hasCharacterCount(std::string_view text, std::size_t count) {
-    if (text.size() < count) {
-        return false;
-    }
-    CharacterReader reader(text);
-    return reader.take(count).has_value() && reader.atEnd();
-}
-
-bool hasMoreCharactersThan(std::string_view text, std::size_t count) {
-    // No character is shorter than a byte.
-    return text.size() > count && CharacterReader(text).take(count + 1).has_value();
-}
-
-bool beginsWith(std::string_view text, char character) {
-    if (text.empty() || text.front() != character) {
+bool beginsWith(const CountedText& text, char character) {
+    if (text.empty() || text.text().front() != character) {
         return false;
     }
     const auto first = CharacterReader(text).take(1);
@@ -81,22 +84,23 @@ std::string_view droppingLastCharacters(std::string_view text, std::size_t count
     // Where the tail and the byte before it are plain, the tail's bytes are its characters.
     if (text.size() > count) {
         const std::string_view tail = text.substr(text.size() - count - 1);
-        const bool isPlain =
-            std::all_of(tail.begin(), tail.end(), [](char c) { return c > '\r' && c <= '~'; });
-        if (isPlain) {
+        if (std::all_of(tail.begin(), tail.end(), [](char c) { return c > '\r' && c <= '~'; })) {
             return text.substr(0, text.size() - count);
         }
     }
-    const std::size_t length = characterCount(text);
-    return length > count ? substringWithOffsets(0, length - count, text) : text.substr(0, 0);
+    const CountedText counted(text);
+    return counted.characterCount() > count
+               ? substringWithOffsets(0, counted.characterCount() - count, counted)
+               : text.substr(0, 0);
 }
 
-std::optional<std::string_view> substringFromOffset(std::size_t offset, std::string_view text) {
+std::optional<std::string_view> substringFromOffset(std::size_t offset, const CountedText& text) {
     CharacterReader reader(text);
     return reader.take(offset) ? reader.take(1) : std::nullopt;
 }
 
-std::string_view substringWithOffsets(std::size_t startOffset, std::size_t endOffset, std::string_view text) {
+std::string_view substringWithOffsets(std::size_t startOffset, std::size_t endOffset,
+                                      const CountedText& text) {
     CharacterReader reader(text);
     if (startOffset <= endOffset && reader.take(startOffset)) {
         if (const auto characters = reader.take(endOffset - startOffset)) {
@@ -141,14 +145,22 @@ std::string lowerCased(std::string_view text) {
 }
 
 std::optional<std::int64_t> parseInteger(std::string_view text, int radix) noexcept {
-    if (text.size() > 1 && text[0] == '+' && text[1] != '-') {
+    const bool isNegative = !text.empty() && text.front() == '-';
+    if (isNegative || (!text.empty() && text.front() == '+')) {
         text.remove_prefix(1);
     }
-    std::int64_t number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [parsed, error] = std::from_chars(text.data(), end, number, radix);
-    if (error != std::errc() || parsed != end) {
+    if (text.empty()) {
         return std::nullopt;
+    }
+    // Counting downwards for negative numbers, which reach one further than positive ones.
+    const std::int64_t sign = isNegative ? -1 : 1;
+    std::int64_t number = 0;
+    for (const char c : text) {
+        const int digit = digitValues[static_cast<unsigned char>(c)];
+        if (digit >= radix || __builtin_mul_overflow(number, std::int64_t{radix}, &number) ||
+            __builtin_add_overflow(number, sign * digit, &number)) {
+            return std::nullopt;
+        }
     }
     return number;
 }

@@ -2,6 +2,7 @@
 #define KORVOQRPARSER_DECODING_TEXTHELPERS_H
 
 #include <KorvoQRParser/Decoding/CharacterReader.h>
+#include <KorvoQRParser/Decoding/CountedText.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -10,38 +11,32 @@
 #include <string_view>
 
 /// Small operations on texts that decoding, validation and record assembly share. Texts are valid UTF-8;
-/// lengths and offsets count user-perceived characters. All may be called from any thread. None looks at more
-/// of a text than its answer needs, so that a huge value costs no more than a small one.
+/// lengths and offsets count user-perceived characters. All may be called from any thread.
 namespace korvo {
 
 /// How many characters the text has.
 std::size_t characterCount(std::string_view text);
 
-/// Whether the text has exactly `count` characters.
-bool hasCharacterCount(std::string_view text, std::size_t count);
-
-/// Whether the text has more than `count` characters.
-bool hasMoreCharactersThan(std::string_view text, std::size_t count);
-
 /// Whether the text's first character is this ASCII character, with no mark joined to it.
-bool beginsWith(std::string_view text, char character);
+bool beginsWith(const CountedText& text, char character);
 
 /// The text without its last `count` characters; empty when it has no more than those.
 std::string_view droppingLastCharacters(std::string_view text, std::size_t count);
 
 /// The single character at `offset`; absent when the text has no character there.
-std::optional<std::string_view> substringFromOffset(std::size_t offset, std::string_view text);
+std::optional<std::string_view> substringFromOffset(std::size_t offset, const CountedText& text);
 
 /// The characters from `startOffset` up to but not including `endOffset`. Both must lie within the text and
 /// the start must not exceed the end; anything else is a programming error and stops the program.
-std::string_view substringWithOffsets(std::size_t startOffset, std::size_t endOffset, std::string_view text);
+std::string_view substringWithOffsets(std::size_t startOffset, std::size_t endOffset,
+                                      const CountedText& text);
 
 /// Whether the ICU regular expression is found anywhere in the text. A pattern that does not compile is
 /// found nowhere, and the reason is printed on standard output as a quoted string.
 bool matchesRegex(std::string_view text, std::string_view pattern);
 
 /// The text in lower case, by Unicode's full mappings of the root locale.
-std::string lowerCased(std::string_view text);
+[[gnu::cold]] std::string lowerCased(std::string_view text);
 
 /// The integer that the whole text writes: one optional sign, then at least one ASCII digit of the radix (2
 /// to 36, letters in either case). Absent for any other text and for what does not fit 64 bits.

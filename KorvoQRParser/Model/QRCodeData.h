@@ -25,6 +25,9 @@ namespace korvo {
 /// their own.
 class KORVO_EXPORT QRCodeData {
   public:
+    /// Every text absent, every flag false.
+    QRCodeData() noexcept;
+
     /// The record as one JSON object of 70 string members, one a line, indented by two spaces: an absent text
     /// is "nil", a flag "true" or "false". The empty text when any value holds a character outside ASCII.
     /// When a value that a caller set is not valid UTF-8, the empty text too, and one line on standard output
@@ -323,6 +326,8 @@ class KORVO_EXPORT QRCodeData {
     friend KORVO_EXPORT bool operator!=(const QRCodeData& left, const QRCodeData& right);
 
   private:
+    friend class QRCodeDataFiller;
+
     std::array<std::optional<std::string>, 55> texts_;
     std::array<bool, 15> flags_{};
 };

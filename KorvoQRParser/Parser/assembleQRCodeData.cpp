@@ -1,4 +1,5 @@
 #include <KorvoQRParser/Decoding/TextHelpers.h>
+#include <KorvoQRParser/Model/QRCodeDataFiller.h>
 #include <KorvoQRParser/Parser/assembleQRCodeData.h>
 
 #include <array>
@@ -12,66 +13,63 @@ namespace {
 using TLV = KorvoPayMerchantTLV;
 using Data = QRCodeData;
 
-struct CopiedField {
-    TLV::Value TLV::*from;
-    void (Data::*to)(std::optional<std::string>) noexcept;
-};
-
+// The holder's field, and the record's property that gets its value. A list for the preprocessor, as fifty
+// tests in a row are quicker than a loop over a table.
 // clang-format off
-constexpr std::array copiedFields{
-    CopiedField{&TLV::korvoMerchantID, &Data::setKorvoMerchantID},
-    CopiedField{&TLV::merchantName, &Data::setMerchantName},
-    CopiedField{&TLV::merchantCategoryCode, &Data::setMerchantCategoryCode},
-    CopiedField{&TLV::cityName, &Data::setCityName},
-    CopiedField{&TLV::countryCode, &Data::setCountryCode},
-    CopiedField{&TLV::currencyCode, &Data::setCurrencyCode},
-    CopiedField{&TLV::transactionAmount, &Data::setTransactionAmount},
-    CopiedField{&TLV::primaryID, &Data::setPrimaryID},
-    CopiedField{&TLV::secondaryID, &Data::setSecondaryID},
-    CopiedField{&TLV::tipAndFeeIndicator, &Data::setTipAndFeeIndicator},
-    CopiedField{&TLV::convenienceFeeAmount, &Data::setConvenienceFeeAmount},
-    CopiedField{&TLV::convenienceFeePercentage, &Data::setConvenienceFeePercentage},
-    CopiedField{&TLV::payloadFormatIndicator, &Data::setPayloadFormatIndicator},
-    CopiedField{&TLV::pointOfInitiation, &Data::setPointOfInitiation},
-    CopiedField{&TLV::postalCode, &Data::setPostalCode},
-    CopiedField{&TLV::masterCardPAN1, &Data::setMasterCardPAN1},
-    CopiedField{&TLV::masterCardPAN2, &Data::setMasterCardPAN2},
-    CopiedField{&TLV::NPCIID1, &Data::setNpciid1},
-    CopiedField{&TLV::NPCIID2, &Data::setNpciid2},
-    CopiedField{&TLV::crc, &Data::setCrc},
-    CopiedField{&TLV::tag03, &Data::setTag03},
-    CopiedField{&TLV::tag08, &Data::setTag08},
-    CopiedField{&TLV::tag09, &Data::setTag09},
-    CopiedField{&TLV::tag10, &Data::setTag10},
-    CopiedField{&TLV::tag11, &Data::setTag11},
-    CopiedField{&TLV::tag12, &Data::setTag12},
-    CopiedField{&TLV::tag13, &Data::setTag13},
-    CopiedField{&TLV::tag14, &Data::setTag14},
-    CopiedField{&TLV::tag15, &Data::setTag15},
-    CopiedField{&TLV::additionalDataField, &Data::setAdditionalDataField},
-    CopiedField{&TLV::billNumber, &Data::setBillID},
-    CopiedField{&TLV::mobileNumber, &Data::setMobileNumber},
-    CopiedField{&TLV::storeID, &Data::setStoreID},
-    CopiedField{&TLV::loyaltyNumber, &Data::setLoyaltyNumber},
-    CopiedField{&TLV::referenceID, &Data::setReferenceID},
-    CopiedField{&TLV::consumerID, &Data::setConsumerID},
-    CopiedField{&TLV::terminalId, &Data::setTerminalID},
-    CopiedField{&TLV::purpose, &Data::setPurpose},
-    CopiedField{&TLV::additionalConsumerDataReq, &Data::setAdditionalConsumerDataRequest},
-    CopiedField{&TLV::tagSixtyTwo10, &Data::setTagSixtyTwo10},
-    CopiedField{&TLV::addDataMasterCard1, &Data::setAddDataMasterCard1},
-    CopiedField{&TLV::addDataMasterCard2, &Data::setAddDataMasterCard2},
-    CopiedField{&TLV::addDataNPCI1, &Data::setAddDataNpci1},
-    CopiedField{&TLV::addDataNPCI2, &Data::setAddDataNpci2},
-    CopiedField{&TLV::tagSixtyTwo15, &Data::setTagSixtyTwo15},
-    CopiedField{&TLV::tagSixtyTwo16, &Data::setTagSixtyTwo16},
-    CopiedField{&TLV::tagSixtyTwo17, &Data::setTagSixtyTwo17},
-    CopiedField{&TLV::tagSixtyTwo18, &Data::setTagSixtyTwo18},
-    CopiedField{&TLV::tagSixtyTwo19, &Data::setTagSixtyTwo19},
-    CopiedField{&TLV::tagSixtyTwo20, &Data::setTagSixtyTwo20},
-    CopiedField{&TLV::tagSixtyTwo21, &Data::setTagSixtyTwo21},
-    CopiedField{&TLV::tagSixtyTwo22, &Data::setTagSixtyTwo22},
-};
+#define KORVO_COPIED_FIELDS(COPY)                                  \
+    COPY(korvoMerchantID, korvoMerchantID)                         \
+    COPY(merchantName, merchantName)                               \
+    COPY(merchantCategoryCode, merchantCategoryCode)               \
+    COPY(cityName, cityName)                                       \
+    COPY(countryCode, countryCode)                                 \
+    COPY(currencyCode, currencyCode)                               \
+    COPY(transactionAmount, transactionAmount)                     \
+    COPY(primaryID, primaryID)                                     \
+    COPY(secondaryID, secondaryID)                                 \
+    COPY(tipAndFeeIndicator, tipAndFeeIndicator)                   \
+    COPY(convenienceFeeAmount, convenienceFeeAmount)               \
+    COPY(convenienceFeePercentage, convenienceFeePercentage)       \
+    COPY(payloadFormatIndicator, payloadFormatIndicator)           \
+    COPY(pointOfInitiation, pointOfInitiation)                     \
+    COPY(postalCode, postalCode)                                   \
+    COPY(masterCardPAN1, masterCardPAN1)                           \
+    COPY(masterCardPAN2, masterCardPAN2)                           \
+    COPY(NPCIID1, npciid1)                                         \
+    COPY(NPCIID2, npciid2)                                         \
+    COPY(crc, crc)                                                 \
+    COPY(tag03, tag03)                                             \
+    COPY(tag08, tag08)                                             \
+    COPY(tag09, tag09)                                             \
+    COPY(tag10, tag10)                                             \
+    COPY(tag11, tag11)                                             \
+    COPY(tag12, tag12)                                             \
+    COPY(tag13, tag13)                                             \
+    COPY(tag14, tag14)                                             \
+    COPY(tag15, tag15)                                             \
+    COPY(additionalDataField, additionalDataField)                 \
+    COPY(billNumber, billID)                                       \
+    COPY(mobileNumber, mobileNumber)                               \
+    COPY(storeID, storeID)                                         \
+    COPY(loyaltyNumber, loyaltyNumber)                             \
+    COPY(referenceID, referenceID)                                 \
+    COPY(consumerID, consumerID)                                   \
+    COPY(terminalId, terminalID)                                   \
+    COPY(purpose, purpose)                                         \
+    COPY(additionalConsumerDataReq, additionalConsumerDataRequest) \
+    COPY(tagSixtyTwo10, tagSixtyTwo10)                             \
+    COPY(addDataMasterCard1, addDataMasterCard1)                   \
+    COPY(addDataMasterCard2, addDataMasterCard2)                   \
+    COPY(addDataNPCI1, addDataNpci1)                               \
+    COPY(addDataNPCI2, addDataNpci2)                               \
+    COPY(tagSixtyTwo15, tagSixtyTwo15)                             \
+    COPY(tagSixtyTwo16, tagSixtyTwo16)                             \
+    COPY(tagSixtyTwo17, tagSixtyTwo17)                             \
+    COPY(tagSixtyTwo18, tagSixtyTwo18)                             \
+    COPY(tagSixtyTwo19, tagSixtyTwo19)                             \
+    COPY(tagSixtyTwo20, tagSixtyTwo20)                             \
+    COPY(tagSixtyTwo21, tagSixtyTwo21)                             \
+    COPY(tagSixtyTwo22, tagSixtyTwo22)
+// clang-format on
 
 struct MandatoryFlag {
     TLV::Value TLV::*value;
@@ -79,6 +77,7 @@ struct MandatoryFlag {
 };
 
 // The setters of the first two also take the placeholder out of the record; the others leave it there.
+// clang-format off
 constexpr std::array mandatoryFlags{
     MandatoryFlag{&TLV::primaryID, &Data::setIsPrimaryIDMandatory},
     MandatoryFlag{&TLV::secondaryID, &Data::setIsSecondaryIDMandatory},
@@ -110,40 +109,45 @@ std::optional<std::string> announcedLength(const TLV::Value& identifier) {
 
 }  // namespace
 
-std::string merchantPANFromMerchantID(std::string_view merchantID) {
+std::string merchantPANFromMerchantID(const CountedText& merchantID) {
     constexpr std::size_t prefixLength = 6;
     constexpr std::size_t panLength = 16;
-    if (hasMoreCharactersThan(merchantID, panLength)) {
+    const std::size_t length = merchantID.characterCount();
+    if (length > panLength) {
         stopProgram("merchantPANFromMerchantID", "the merchant identifier is longer than 16 characters");
     }
-    const std::size_t length = characterCount(merchantID);
     if (length <= prefixLength) {
         return {};
     }
     const std::string_view prefix = substringWithOffsets(0, prefixLength, merchantID);
     std::string pan(prefix);
     pan.append(panLength - length, '0');
-    pan.append(merchantID.substr(prefix.size()));
+    pan.append(merchantID.text().substr(prefix.size()));
     return pan;
 }
 
 std::shared_ptr<QRCodeData> assembleQRCodeData(const KorvoPayMerchantTLV& holder) {
     auto data = std::make_shared<QRCodeData>();
-    for (const CopiedField& field : copiedFields) {
-        if (const TLV::Value& value = holder.*field.from) {
-            ((*data).*field.to)(std::string(*value));
-        }
+    QRCodeDataFiller filler(*data);
+#define KORVO_COPY(field, property)                                   \
+    if (holder.field) {                                               \
+        filler.set(QRCodeDataFiller::property, holder.field->text()); \
     }
+    KORVO_COPIED_FIELDS(KORVO_COPY)
+#undef KORVO_COPY
     if (holder.korvoMerchantID) {
         data->setKorvoMerchantPAN(merchantPANFromMerchantID(*holder.korvoMerchantID));
     }
 
+    // A new record's flags are all false.
     const bool isTwoDigitFormat = holder.payloadFormatIndicator == "01";
     for (const auto& [value, flag] : mandatoryFlags) {
         const TLV::Value& candidate = holder.*value;
         const bool isPlaceholder =
             candidate && (isTwoDigitFormat ? *candidate == "***" : beginsWith(*candidate, '?'));
-        ((*data).*flag)(isPlaceholder);
+        if (isPlaceholder) {
+            ((*data).*flag)(true);
+        }
     }
     if (!holder.payloadFormatIndicator) {
         data->setPrimaryIDLength(announcedLength(holder.primaryID));

@@ -6,7 +6,6 @@
 
 #include <memory>
 #include <string>
-#include <string_view>
 
 namespace korvo {
 
@@ -17,7 +16,7 @@ std::shared_ptr<QRCodeData> assembleQRCodeData(const KorvoPayMerchantTLV& holder
 /// The account number that a merchant identifier stands for: 16 characters, zeros inserted after the first
 /// six; the empty text for an identifier of six characters or fewer. More than 16 stop the program, because a
 /// shortened or unpadded number would pay somebody else.
-std::string merchantPANFromMerchantID(std::string_view merchantID);
+std::string merchantPANFromMerchantID(const CountedText& merchantID);
 
 }  // namespace korvo
 

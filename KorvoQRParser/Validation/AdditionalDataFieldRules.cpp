@@ -36,10 +36,10 @@ void KorvoPayMerchantTLVValidator::validateAdditionalDataField(const KorvoPayMer
     validateAdditionalConsumerDataReq(holder.additionalConsumerDataReq);
 }
 
-void KorvoPayMerchantTLVValidator::validateAdditionalConsumerDataReq(Value request) {
+void KorvoPayMerchantTLVValidator::validateAdditionalConsumerDataReq(const Value& request) {
     static const CharacterSet allowed =
         CharacterSet::characterSetWithCharactersInString(KorvoBaseConstants::allowedConsumerTags);
-    if (request && (isLengthOutside(*request, 1, 3) || !consistsOfCharactersOf(*request, allowed))) {
+    if (request && (isLengthOutside(*request, 1, 3) || !consistsOfCharactersOf(request->text(), allowed))) {
         addErrorCode(Codes::additionalConsumerDataInvalidValue);
     }
 }

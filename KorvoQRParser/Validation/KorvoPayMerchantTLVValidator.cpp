@@ -13,14 +13,14 @@ auto KorvoPayMerchantTLVValidator::validatePayMerchantTLV(const KorvoPayMerchant
     return validatePayMerchantTLV(holder, std::nullopt);
 }
 
-auto KorvoPayMerchantTLVValidator::validatePayMerchantTLV(const KorvoPayMerchantTLV* holder, Value tlvString)
-    -> ErrorCodes {
+auto KorvoPayMerchantTLVValidator::validatePayMerchantTLV(const KorvoPayMerchantTLV* holder,
+                                                          Payload tlvString) -> ErrorCodes {
     const std::lock_guard<std::mutex> lock(dispatch_);
     runRuleSet(holder, tlvString);
     return errorCodes_;
 }
 
-void KorvoPayMerchantTLVValidator::runRuleSet(const KorvoPayMerchantTLV* holder, Value tlvString) {
+void KorvoPayMerchantTLVValidator::runRuleSet(const KorvoPayMerchantTLV* holder, Payload tlvString) {
     if (holder == nullptr || !holder->payloadFormatIndicator) {
         validatePayMerchantTLV00(holder);
     } else if (!holder->payloadFormatIndicator->empty()) {

@@ -21,6 +21,7 @@ namespace korvo {
 class KorvoPayMerchantTLVValidator {
   public:
     using Value = KorvoPayMerchantTLV::Value;
+    using Payload = std::optional<std::string_view>;
     using ErrorCodes = std::vector<std::string>;
 
     /// The instance that all parses share, made on first use.
@@ -40,7 +41,7 @@ class KorvoPayMerchantTLVValidator {
 
     /// The same, followed in the two-digit format by the checksum of the whole payload text, `tlvString`; an
     /// absent text is not checked.
-    ErrorCodes validatePayMerchantTLV(const KorvoPayMerchantTLV* holder, Value tlvString);
+    ErrorCodes validatePayMerchantTLV(const KorvoPayMerchantTLV* holder, Payload tlvString);
 
     /// The rules of the one-character format, from an empty list of codes.
     const ErrorCodes& validatePayMerchantTLV00(const KorvoPayMerchantTLV* holder);
@@ -49,10 +50,10 @@ class KorvoPayMerchantTLVValidator {
     const ErrorCodes& validatePayMerchantTLV01(const KorvoPayMerchantTLV* holder);
 
     /// The merchant identifier's rule. True when the list now holds none of that rule's codes, "1" to "5".
-    bool validateMerchantID(Value merchantID);
+    bool validateMerchantID(const Value& merchantID);
 
     /// The transaction amount's rule. True when it raised nothing.
-    bool validateAmount(Value amount);
+    bool validateAmount(const Value& amount);
 
     void resetErrorCodes() noexcept { errorCodes_.clear(); }
 
@@ -79,38 +80,38 @@ class KorvoPayMerchantTLVValidator {
         std::string_view invalidFormat;
     };
 
-    void runRuleSet(const KorvoPayMerchantTLV* holder, Value tlvString);
+    void runRuleSet(const KorvoPayMerchantTLV* holder, Payload tlvString);
     void addErrorCode(std::string_view code);
     bool holdsErrorCode(std::string_view code) const;
 
     // Shared by several tags
-    void validateAmountText(std::string_view amount, const AmountRule& rule);
-    void validateIdentifier(Value identifier, const IdentifierRule& rule);
+    void validateAmountText(const CountedText& amount, const AmountRule& rule);
+    void validateIdentifier(const Value& identifier, const IdentifierRule& rule);
 
     // Root tags
-    void validatePayloadFormatIndicator(Value payloadFormatIndicator);
-    void validateMerchantCategoryCode(Value merchantCategoryCode);
-    void validateCurrencyCode(Value currencyCode);
-    void validateTransactionAmount(Value transactionAmount);
-    void validateCountryCode(Value countryCode);
-    void validateMerchantName(Value merchantName);
-    void validateCityName(Value cityName);
-    void validatePostalCode(Value postalCode);
-    void validatePrimaryID(Value primaryID);
-    void validateSecondaryID(Value secondaryID);
-    void validateCRC(Value crc, Value tlvString);
+    void validatePayloadFormatIndicator(const Value& payloadFormatIndicator);
+    void validateMerchantCategoryCode(const Value& merchantCategoryCode);
+    void validateCurrencyCode(const Value& currencyCode);
+    void validateTransactionAmount(const Value& transactionAmount);
+    void validateCountryCode(const Value& countryCode);
+    void validateMerchantName(const Value& merchantName);
+    void validateCityName(const Value& cityName);
+    void validatePostalCode(const Value& postalCode);
+    void validatePrimaryID(const Value& primaryID);
+    void validateSecondaryID(const Value& secondaryID);
+    void validateCRC(const Value& crc, Payload tlvString);
 
     // Tip and convenience fee
     void validateTipAndFeeIndicator(const KorvoPayMerchantTLV& holder);
     void validateNoFee(const KorvoPayMerchantTLV& holder);
     void validateFixedFee(const KorvoPayMerchantTLV& holder);
     void validatePercentageFee(const KorvoPayMerchantTLV& holder);
-    void validateConvenienceFeeAmount(std::string_view amount);
-    void validateConvenienceFeePercentage(std::string_view percentage);
+    void validateConvenienceFeeAmount(const CountedText& amount);
+    void validateConvenienceFeePercentage(const CountedText& percentage);
 
     // Additional data field
     void validateAdditionalDataField(const KorvoPayMerchantTLV& holder);
-    void validateAdditionalConsumerDataReq(Value request);
+    void validateAdditionalConsumerDataReq(const Value& request);
 
     ErrorCodes errorCodes_;
     bool isDiggingDeepTLVRequired_ = false;

@@ -16,54 +16,53 @@ namespace {
 
 namespace Codes = KorvoErrorConstants;
 
-bool isDigits(std::string_view text, std::size_t count) {
-    return hasCharacterCount(text, count) && consistsOfCharactersOf(text, decimalDigits());
+bool isDigits(const CountedText& text, std::size_t count) {
+    return text.characterCount() == count && consistsOfCharactersOf(text.text(), decimalDigits());
 }
 
 // The Luhn test over the identifier as the account number that it stands for: one of 7 to 15 characters is
 // widened to 16 by zeros after its sixth. Zeros add nothing to the sum; they only move the first six
 // characters, so the widened text is never built.
-bool passesLuhnTest(std::string_view merchantID) {
+bool passesLuhnTest(const CountedText& merchantID) {
     constexpr std::size_t prefixLength = 6;
     constexpr std::size_t fullLength = 16;
-    const std::size_t length = characterCount(merchantID);
+    const std::size_t length = merchantID.characterCount();
     const bool isWidened = length > prefixLength && length < fullLength;
     unsigned sum = 0;
-    CharacterReader characters(merchantID);
-    for (std::size_t i = 0; i < length; ++i) {
+    std::size_t i = 0;
+    forEachCharacter(merchantID, [&](std::string_view character) {
         const std::size_t positionFromEnd = isWidened && i < prefixLength ? fullLength - i : length - i;
-        const std::string_view character = *characters.take(1);
-        if (character.size() != 1 || character[0] < '0' || character[0] > '9') {
-            continue;
+        ++i;
+        if (character.size() == 1 && character[0] >= '0' && character[0] <= '9') {
+            const auto digit = static_cast<unsigned>(character[0] - '0');
+            const unsigned doubled = digit < 5 ? 2 * digit : 2 * digit - 9;
+            sum += positionFromEnd % 2 == 0 ? doubled : digit;
         }
-        const auto digit = static_cast<unsigned>(character[0] - '0');
-        const unsigned doubled = digit < 5 ? 2 * digit : 2 * digit - 9;
-        sum += positionFromEnd % 2 == 0 ? doubled : digit;
-    }
+    });
     return sum % 10 == 0;
 }
 
 }  // namespace
 
-void KorvoPayMerchantTLVValidator::validatePayloadFormatIndicator(Value payloadFormatIndicator) {
+void KorvoPayMerchantTLVValidator::validatePayloadFormatIndicator(const Value& payloadFormatIndicator) {
     if (!payloadFormatIndicator) {
         return;
     }
     if (!isDigits(*payloadFormatIndicator, 2)) {
         addErrorCode(Codes::payloadFormatIndicatorInvalidLength);
-    } else if (*payloadFormatIndicator != "01") {
+    } else if (!(*payloadFormatIndicator == "01")) {
         addErrorCode(Codes::payloadFormatIndicatorInvalidValue);
     }
 }
 
-bool KorvoPayMerchantTLVValidator::validateMerchantID(Value merchantID) {
+bool KorvoPayMerchantTLVValidator::validateMerchantID(const Value& merchantID) {
     if (!merchantID) {
         addErrorCode(Codes::merchantIdNotPresent);
     } else {
         if (!merchantID->empty() && !beginsWith(*merchantID, '4')) {
             addErrorCode(Codes::merchantIdInvalidStartingDigit);
         }
-        if (isLengthOutside(*merchantID, 8, 16) || !parseInteger(*merchantID, 10)) {
+        if (isLengthOutside(*merchantID, 8, 16) || !parseInteger(merchantID->text(), 10)) {
             addErrorCode(Codes::merchantIdInvalidLength);
         } else if (substringWithOffsets(6, 8, *merchantID) == "00") {
             addErrorCode(Codes::merchantIdRedundantSequence);
@@ -79,7 +78,7 @@ bool KorvoPayMerchantTLVValidator::validateMerchantID(Value merchantID) {
            !holdsErrorCode(Codes::merchantIdNotPresent);
 }
 
-void KorvoPayMerchantTLVValidator::validateMerchantCategoryCode(Value merchantCategoryCode) {
+void KorvoPayMerchantTLVValidator::validateMerchantCategoryCode(const Value& merchantCategoryCode) {
     if (!merchantCategoryCode) {
         addErrorCode(Codes::merchantCategoryCodeNotPresent);
     } else if (!isDigits(*merchantCategoryCode, 4)) {
@@ -87,23 +86,23 @@ void KorvoPayMerchantTLVValidator::validateMerchantCategoryCode(Value merchantCa
     }
 }
 
-void KorvoPayMerchantTLVValidator::validateCurrencyCode(Value currencyCode) {
+void KorvoPayMerchantTLVValidator::validateCurrencyCode(const Value& currencyCode) {
     if (!currencyCode) {
         addErrorCode(Codes::currencyCodeNotPresent);
         return;
     }
     // Digits of other scripts are digits, but no number that the table could hold.
-    const auto number = isDigits(*currencyCode, 3) ? parseInteger(*currencyCode, 10) : std::nullopt;
+    const auto number = isDigits(*currencyCode, 3) ? parseInteger(currencyCode->text(), 10) : std::nullopt;
     if (!number || ISOCountryCodes::findCurrency(*number) == nullptr) {
         addErrorCode(Codes::currencyCodeInvaidLength);
     }
 }
 
-void KorvoPayMerchantTLVValidator::validateTransactionAmount(Value transactionAmount) {
+void KorvoPayMerchantTLVValidator::validateTransactionAmount(const Value& transactionAmount) {
     if (!transactionAmount) {
         return;
     }
-    const bool isDigitsOnly = consistsOfCharactersOf(*transactionAmount, decimalDigits());
+    const bool isDigitsOnly = consistsOfCharactersOf(transactionAmount->text(), decimalDigits());
     validateAmountText(*transactionAmount,
                        {.longest = isDigitsOnly ? std::size_t{12} : std::size_t{13},
                         .isCorrect = isAboveZero,
@@ -113,7 +112,7 @@ void KorvoPayMerchantTLVValidator::validateTransactionAmount(Value transactionAm
                         .withoutValue = Codes::transactionAmountTagPresentWithoutAmountValue});
 }
 
-bool KorvoPayMerchantTLVValidator::validateAmount(Value amount) {
+bool KorvoPayMerchantTLVValidator::validateAmount(const Value& amount) {
     // A code that an earlier rule left must not hide that this one raises it too.
     ErrorCodes earlier = std::exchange(errorCodes_, {});
     validateTransactionAmount(amount);
@@ -124,16 +123,16 @@ bool KorvoPayMerchantTLVValidator::validateAmount(Value amount) {
     return raised.empty();
 }
 
-void KorvoPayMerchantTLVValidator::validateCountryCode(Value countryCode) {
+void KorvoPayMerchantTLVValidator::validateCountryCode(const Value& countryCode) {
     if (!countryCode) {
         addErrorCode(Codes::countryCodeNotPresent);
-    } else if (!ISOCountryCodes::isISOCountry(*countryCode)) {
+    } else if (!ISOCountryCodes::isISOCountry(countryCode->text())) {
         // Every code of the list is two letters, so this covers a wrong length and other characters.
         addErrorCode(Codes::countryCodeInvalidLengthOrCharacters);
     }
 }
 
-void KorvoPayMerchantTLVValidator::validateMerchantName(Value merchantName) {
+void KorvoPayMerchantTLVValidator::validateMerchantName(const Value& merchantName) {
     if (!merchantName) {
         addErrorCode(Codes::merchantNameNotPresent);
     } else if (isLengthOutside(*merchantName, 1, 25)) {
@@ -141,7 +140,7 @@ void KorvoPayMerchantTLVValidator::validateMerchantName(Value merchantName) {
     }
 }
 
-void KorvoPayMerchantTLVValidator::validateCityName(Value cityName) {
+void KorvoPayMerchantTLVValidator::validateCityName(const Value& cityName) {
     if (!cityName) {
         addErrorCode(Codes::cityNameNotPresent);
     } else if (isLengthOutside(*cityName, 1, 13)) {
@@ -149,13 +148,13 @@ void KorvoPayMerchantTLVValidator::validateCityName(Value cityName) {
     }
 }
 
-void KorvoPayMerchantTLVValidator::validatePostalCode(Value postalCode) {
+void KorvoPayMerchantTLVValidator::validatePostalCode(const Value& postalCode) {
     if (postalCode && isLengthOutside(*postalCode, 1, 10)) {
         addErrorCode(Codes::postalCodeIndicatorInvalidLength);
     }
 }
 
-void KorvoPayMerchantTLVValidator::validatePrimaryID(Value primaryID) {
+void KorvoPayMerchantTLVValidator::validatePrimaryID(const Value& primaryID) {
     validateIdentifier(primaryID, {.pattern = StringConstants::PRIMARY_ID_REGEX,
                                    .invalidLength = Codes::primaryIdInvalidLengthOrCharacters,
                                    .withoutValue = Codes::primaryIdTagPresentWithoutValue,
@@ -163,7 +162,7 @@ void KorvoPayMerchantTLVValidator::validatePrimaryID(Value primaryID) {
 }
 
 // The secondary identifier has no format code of its own: a bad format is reported as a bad length.
-void KorvoPayMerchantTLVValidator::validateSecondaryID(Value secondaryID) {
+void KorvoPayMerchantTLVValidator::validateSecondaryID(const Value& secondaryID) {
     validateIdentifier(secondaryID, {.pattern = StringConstants::SECONDARY_ID_REGEX,
                                      .invalidLength = Codes::secondaryIdInvalidLengthOrCharacters,
                                      .withoutValue = Codes::secondaryIdTagPresentWithoutValue,
@@ -171,12 +170,12 @@ void KorvoPayMerchantTLVValidator::validateSecondaryID(Value secondaryID) {
 }
 
 // The checksum covers the payload without as many characters as the checksum itself has.
-void KorvoPayMerchantTLVValidator::validateCRC(Value crc, Value tlvString) {
+void KorvoPayMerchantTLVValidator::validateCRC(const Value& crc, Payload tlvString) {
     constexpr std::size_t crcLength = 4;
     if (!crc || !tlvString) {
         return;
     }
-    const auto announced = hasCharacterCount(*crc, crcLength) ? parseInteger(*crc, 16) : std::nullopt;
+    const auto announced = crc->characterCount() == crcLength ? parseInteger(crc->text(), 16) : std::nullopt;
     if (!announced || *announced != computeCRC16(droppingLastCharacters(*tlvString, crcLength))) {
         addErrorCode(Codes::crcInvalidValue);
     }

@@ -2,10 +2,9 @@
 #define KORVOQRPARSER_VALIDATION_RULEHELPERS_H
 
 #include <KorvoQRParser/Decoding/CharacterSet.h>
-#include <KorvoQRParser/Decoding/TextHelpers.h>
+#include <KorvoQRParser/Decoding/CountedText.h>
 
 #include <cstddef>
-#include <string_view>
 
 namespace korvo {
 
@@ -13,9 +12,8 @@ namespace korvo {
 const CharacterSet& decimalDigits();
 
 /// Whether the text has fewer than `shortest` or more than `longest` characters.
-inline bool isLengthOutside(std::string_view text, std::size_t shortest, std::size_t longest) {
-    CharacterReader characters(text);
-    return !characters.take(shortest) || characters.take(longest - shortest + 1);
+inline bool isLengthOutside(const CountedText& text, std::size_t shortest, std::size_t longest) noexcept {
+    return text.characterCount() < shortest || text.characterCount() > longest;
 }
 
 inline bool isAboveZero(double number) noexcept {

@@ -27,15 +27,14 @@ const CharacterSet& decimalDigits() {
     return set;
 }
 
-void KorvoPayMerchantTLVValidator::validateAmountText(std::string_view amount, const AmountRule& rule) {
+void KorvoPayMerchantTLVValidator::validateAmountText(const CountedText& amount, const AmountRule& rule) {
     if (isLengthOutside(amount, 1, rule.longest)) {
         addErrorCode(rule.invalidLength);
     }
-    if (containsCharacterOf(amount, letters())) {
-        addErrorCode(rule.invalidLength);
-    } else if (!consistsOfCharactersOf(amount, amountCharacters())) {
-        addErrorCode(rule.specialCharacters);
-    } else if (const auto number = parseDecimal(amount); !number || !rule.isCorrect(*number)) {
+    if (!consistsOfCharactersOf(amount.text(), amountCharacters())) {
+        const bool holdsLetter = containsCharacterOf(amount.text(), letters());
+        addErrorCode(holdsLetter ? rule.invalidLength : rule.specialCharacters);
+    } else if (const auto number = parseDecimal(amount.text()); !number || !rule.isCorrect(*number)) {
         addErrorCode(rule.incorrectValue);
     }
     if (amount.empty()) {
@@ -43,7 +42,7 @@ void KorvoPayMerchantTLVValidator::validateAmountText(std::string_view amount, c
     }
 }
 
-void KorvoPayMerchantTLVValidator::validateIdentifier(Value identifier, const IdentifierRule& rule) {
+void KorvoPayMerchantTLVValidator::validateIdentifier(const Value& identifier, const IdentifierRule& rule) {
     if (!identifier) {
         return;
     }
@@ -56,10 +55,10 @@ void KorvoPayMerchantTLVValidator::validateIdentifier(Value identifier, const Id
     if (!beginsWith(*identifier, '?')) {
         return;
     }
-    if (hasMoreCharactersThan(*identifier, 2)) {
+    if (identifier->characterCount() > 2) {
         addErrorCode(rule.invalidLength);
     }
-    if (hasMoreCharactersThan(*identifier, 1) && !matchesRegex(identifier->substr(1), rule.pattern)) {
+    if (identifier->characterCount() > 1 && !matchesRegex(identifier->text().substr(1), rule.pattern)) {
         addErrorCode(rule.invalidFormat);
     }
 }

@@ -66,7 +66,7 @@ void KorvoPayMerchantTLVValidator::validatePercentageFee(const KorvoPayMerchantT
     }
 }
 
-void KorvoPayMerchantTLVValidator::validateConvenienceFeeAmount(std::string_view amount) {
+void KorvoPayMerchantTLVValidator::validateConvenienceFeeAmount(const CountedText& amount) {
     validateAmountText(amount, {.longest = 9,
                                 .isCorrect = isAboveZero,
                                 .invalidLength = Codes::convenienceFeeAmountInvalidLength,
@@ -75,7 +75,7 @@ void KorvoPayMerchantTLVValidator::validateConvenienceFeeAmount(std::string_view
                                 .withoutValue = Codes::convenienceFeeTagPresentWithoutValue});
 }
 
-void KorvoPayMerchantTLVValidator::validateConvenienceFeePercentage(std::string_view percentage) {
+void KorvoPayMerchantTLVValidator::validateConvenienceFeePercentage(const CountedText& percentage) {
     validateAmountText(percentage,
                        {.longest = 5,
                         .isCorrect = [](double number) noexcept { return number >= 0.01 && number <= 99.99; },
