@@ -104,7 +104,7 @@ inline std::string readData(const std::string& name) {
     return readFile(KORVOQR_SOURCE_DIR "/tests/data/" + name);
 }
 
-/// A text of a data file with \\xHH, {27n}, {27*n} and {crc} carried out.
+/// A text of a data file with \xHH, {27n}, {27*n} and {crc} carried out.
 inline std::string expanded(std::string text) {
     for (std::size_t at = 0; (at = text.find("\\x", at)) != std::string::npos; ++at) {
         text.replace(at, 4, 1, static_cast<char>(std::stoi(text.substr(at + 2, 2), nullptr, 16)));

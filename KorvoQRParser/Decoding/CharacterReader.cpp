@@ -1,13 +1,12 @@
 #include <KorvoQRParser/Decoding/CharacterReader.h>
+#include <KorvoQRParser/Decoding/ICUHandles.h>
 
 #include <algorithm>
 #include <cstring>
 #include <limits>
 #include <memory>
 
-#include <unicode/ubrk.h>
 #include <unicode/uchar.h>
-#include <unicode/utext.h>
 #include <unicode/utf8.h>
 
 namespace korvo {
@@ -117,16 +116,11 @@ std::size_t endOfStretch(std::string_view text, std::size_t start) noexcept {
     return previous.joining == Joining::malformed ? noText : previous.end;
 }
 
-struct CloseICU {
-    void operator()(UBreakIterator* iterator) const noexcept { ubrk_close(iterator); }
-    void operator()(UText* text) const noexcept { utext_close(text); }
-};
-
 // The iterator costs far more to open than to use, so each thread keeps one.
 UBreakIterator* threadBreakIterator() {
-    thread_local const std::unique_ptr<UBreakIterator, CloseICU> iterator = [] {
+    thread_local const ICUHandle<UBreakIterator> iterator = [] {
         UErrorCode status = U_ZERO_ERROR;
-        std::unique_ptr<UBreakIterator, CloseICU> opened(ubrk_open(UBRK_CHARACTER, "", nullptr, 0, &status));
+        ICUHandle<UBreakIterator> opened(ubrk_open(UBRK_CHARACTER, "", nullptr, 0, &status));
         return U_SUCCESS(status) ? std::move(opened) : nullptr;
     }();
     return iterator.get();
@@ -141,8 +135,7 @@ std::size_t cutStretch(std::string_view stretch, std::size_t& count) {
     }
     UErrorCode status = U_ZERO_ERROR;
     UText text = UTEXT_INITIALIZER;
-    const std::unique_ptr<UText, CloseICU> opened(
-        utext_openUTF8(&text, stretch.data(), static_cast<std::int64_t>(stretch.size()), &status));
+    const ICUHandle<UText> opened = openUTF8(text, stretch, status);
     ubrk_setUText(iterator, opened.get(), &status);
     if (U_FAILURE(status)) {
         return noText;

@@ -26,7 +26,7 @@ class CharacterSet {
     static CharacterSet characterSetWithCharactersInString(std::string_view text);
     /// The alphanumeric set with the members of `set` added.
     static CharacterSet unionAlphaNumericCharacterSetWith(const CharacterSet& set);
-    /// Letters, marks, numbers, space separators and the tab; line feeds are no members.
+    /// Letters, marks, numbers, space separators and the tab; line feeds are not members.
     static CharacterSet alphaNumericWhiteSpaceCharacterSet();
 
     /// Adds all members of `other`.

@@ -1,3 +1,4 @@
+#include <KorvoQRParser/Decoding/ASCII.h>
 #include <KorvoQRParser/Decoding/TLVDecodingProtocol.h>
 #include <KorvoQRParser/Decoding/TLVElementReader.h>
 
@@ -10,7 +11,7 @@ std::optional<PayMerchantValidTLV00> tagInEitherCase(std::string_view tag) noexc
     if (tag.size() != 1) {
         return std::nullopt;
     }
-    const char upperCase = tag[0] >= 'a' && tag[0] <= 'z' ? static_cast<char>(tag[0] - 32) : tag[0];
+    const char upperCase = asciiUpperCase(tag[0]);
     return payMerchantValidTLV00(std::string_view(&upperCase, 1));
 }
 

@@ -1,3 +1,4 @@
+#include <KorvoQRParser/Decoding/ASCII.h>
 #include <KorvoQRParser/Decoding/TLVElementReader.h>
 #include <KorvoQRParser/Decoding/TagRawValues.h>
 #include <KorvoQRParser/Decoding/TextHelpers.h>
@@ -9,15 +10,11 @@ namespace {
 // The longest UTF-8 code point. A digit, in either letter case, is one code point.
 constexpr std::size_t maxDigitBytes = 4;
 
-char asciiLower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-}
-
 // Which bit stands for a tag; negative for none. Only tags of two digits or of one ASCII character have one:
 // no other is known to any holder, and decoding ends at the first unknown tag.
 int seenTagBit(std::string_view tag) {
     if (tag.size() == 1) {
-        return static_cast<unsigned char>(asciiLower(tag[0]));
+        return static_cast<unsigned char>(asciiLowerCase(tag[0]));
     }
     return twoDigitNumber(tag);
 }

@@ -1,3 +1,5 @@
+#include <KorvoQRParser/Decoding/ASCII.h>
+#include <KorvoQRParser/Decoding/ICUHandles.h>
 #include <KorvoQRParser/Decoding/TextHelpers.h>
 
 #include <algorithm>
@@ -8,30 +10,14 @@
 #include <limits>
 #include <memory>
 
-#include <unicode/ucasemap.h>
-#include <unicode/uregex.h>
-#include <unicode/utext.h>
-
 namespace korvo {
 
 namespace {
 
-struct CloseICU {
-    void operator()(URegularExpression* expression) const noexcept { uregex_close(expression); }
-    void operator()(UCaseMap* map) const noexcept { ucasemap_close(map); }
-    void operator()(UText* text) const noexcept { utext_close(text); }
-};
-
-using UniqueText = std::unique_ptr<UText, CloseICU>;
-
-UniqueText openUTF8(UText& storage, std::string_view text, UErrorCode& status) {
-    return UniqueText(utext_openUTF8(&storage, text.data(), static_cast<std::int64_t>(text.size()), &status));
-}
-
 // The compiled pattern of this thread's last call: callers come with the same one again and again.
 struct CompiledPattern {
     std::string pattern;
-    std::unique_ptr<URegularExpression, CloseICU> expression;
+    ICUHandle<URegularExpression> expression;
     UErrorCode status = U_ZERO_ERROR;
 };
 
@@ -41,7 +27,7 @@ const CompiledPattern& compile(std::string_view pattern) {
         last.pattern = pattern;
         last.status = U_ZERO_ERROR;
         UText storage = UTEXT_INITIALIZER;
-        const UniqueText text = openUTF8(storage, last.pattern, last.status);
+        const ICUHandle<UText> text = openUTF8(storage, last.pattern, last.status);
         last.expression.reset(uregex_openUText(text.get(), 0, nullptr, &last.status));
     }
     return last;
@@ -118,7 +104,7 @@ bool matchesRegex(std::string_view text, std::string_view pattern) {
         return false;
     }
     UText storage = UTEXT_INITIALIZER;
-    const UniqueText subject = openUTF8(storage, text, status);
+    const ICUHandle<UText> subject = openUTF8(storage, text, status);
     uregex_setUText(compiled.expression.get(), subject.get(), &status);
     const bool found = uregex_find64(compiled.expression.get(), 0, &status) != 0;
     return U_SUCCESS(status) != 0 && found;
@@ -129,15 +115,13 @@ std::string lowerCased(std::string_view text) {
         std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
     std::string lowered(text);
     if (isASCII) {
-        for (char& c : lowered) {
-            c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-        }
+        std::transform(lowered.begin(), lowered.end(), lowered.begin(), asciiLowerCase);
         return lowered;
     }
     // A code point's lower case takes at most three times its bytes.
     lowered.resize(3 * text.size());
     UErrorCode status = U_ZERO_ERROR;
-    const std::unique_ptr<UCaseMap, CloseICU> rootLocale(ucasemap_open("", 0, &status));
+    const ICUHandle<UCaseMap> rootLocale(ucasemap_open("", 0, &status));
     const std::int32_t length =
         ucasemap_utf8ToLower(rootLocale.get(), lowered.data(), static_cast<std::int32_t>(lowered.size()),
                              text.data(), static_cast<std::int32_t>(text.size()), &status);

@@ -13,6 +13,14 @@ namespace korvo {
 /// The record of an accepted payload: every value that the code carried, under a fixed name, and flags for
 /// those that the consumer must supply.
 ///
+/// After a parse these are always present: korvoMerchantID, korvoMerchantPAN, merchantName,
+/// merchantCategoryCode, cityName, countryCode and currencyCode; in the two-digit format also
+/// payloadFormatIndicator and crc.
+///
+/// A merchant leaves a value to the consumer by a placeholder: "***" in the two-digit format, "?" and the
+/// length as one character in the one-character format. Its flag (isBillIDMandatory and so on) is then true.
+/// The value itself stays in the record as received, but for primaryID and secondaryID, which become absent.
+///
 /// A getter returns std::nullopt when the payload did not carry the value; a present but empty value is an
 /// empty string, never std::nullopt. Texts are UTF-8, lengths count user-perceived characters (UAX #29). Tags
 /// are those of the two-digit format, then, in quotes, of the one-character format. A new record has every
@@ -105,23 +113,23 @@ class KORVO_EXPORT QRCodeData {
     const std::optional<std::string>& postalCode() const noexcept;
     void setPostalCode(std::optional<std::string> value) noexcept;
 
-    /// MasterCard network's merchant account number (tag 04).
+    /// The MasterCard network's merchant account number (tag 04).
     const std::optional<std::string>& masterCardPAN1() const noexcept;
     void setMasterCardPAN1(std::optional<std::string> value) noexcept;
 
-    /// MasterCard network's merchant account number (tag 05).
+    /// The MasterCard network's merchant account number (tag 05).
     const std::optional<std::string>& masterCardPAN2() const noexcept;
     void setMasterCardPAN2(std::optional<std::string> value) noexcept;
 
-    /// NPCI network's merchant identifier (tag 06).
+    /// The NPCI network's merchant identifier (tag 06).
     const std::optional<std::string>& npciid1() const noexcept;
     void setNpciid1(std::optional<std::string> value) noexcept;
 
-    /// NPCI network's merchant identifier (tag 07).
+    /// The NPCI network's merchant identifier (tag 07).
     const std::optional<std::string>& npciid2() const noexcept;
     void setNpciid2(std::optional<std::string> value) noexcept;
 
-    /// The payload's checksum (tag 63), four hexadecimal digits.
+    /// The payload's checksum (tag 63), as received.
     const std::optional<std::string>& crc() const noexcept;
     void setCrc(std::optional<std::string> value) noexcept;
 
@@ -201,19 +209,19 @@ class KORVO_EXPORT QRCodeData {
     const std::optional<std::string>& additionalConsumerDataRequest() const noexcept;
     void setAdditionalConsumerDataRequest(std::optional<std::string> value) noexcept;
 
-    /// MasterCard network data (tag 62, sub-tag 11).
+    /// Data of the MasterCard network (tag 62, sub-tag 11).
     const std::optional<std::string>& addDataMasterCard1() const noexcept;
     void setAddDataMasterCard1(std::optional<std::string> value) noexcept;
 
-    /// MasterCard network data (tag 62, sub-tag 12).
+    /// Data of the MasterCard network (tag 62, sub-tag 12).
     const std::optional<std::string>& addDataMasterCard2() const noexcept;
     void setAddDataMasterCard2(std::optional<std::string> value) noexcept;
 
-    /// NPCI network data (tag 62, sub-tag 13).
+    /// Data of the NPCI network (tag 62, sub-tag 13).
     const std::optional<std::string>& addDataNpci1() const noexcept;
     void setAddDataNpci1(std::optional<std::string> value) noexcept;
 
-    /// NPCI network data (tag 62, sub-tag 14).
+    /// Data of the NPCI network (tag 62, sub-tag 14).
     const std::optional<std::string>& addDataNpci2() const noexcept;
     void setAddDataNpci2(std::optional<std::string> value) noexcept;
 
@@ -261,11 +269,11 @@ class KORVO_EXPORT QRCodeData {
     bool isSecondaryIDMandatory() const noexcept;
     void setIsSecondaryIDMandatory(bool value) noexcept;
 
-    /// Length that a placeholder primary identifier announces, as decimal text "0" to "26".
+    /// Length that a placeholder primary identifier announces, as decimal text, "1" to "26".
     const std::optional<std::string>& primaryIDLength() const noexcept;
     void setPrimaryIDLength(std::optional<std::string> value) noexcept;
 
-    /// Length that a placeholder secondary identifier announces, as decimal text "0" to "26".
+    /// Length that a placeholder secondary identifier announces, as decimal text, "1" to "26".
     const std::optional<std::string>& secondaryIDLength() const noexcept;
     void setSecondaryIDLength(std::optional<std::string> value) noexcept;
 
@@ -301,7 +309,8 @@ class KORVO_EXPORT QRCodeData {
     bool isPurposeMandatory() const noexcept;
     void setIsPurposeMandatory(bool value) noexcept;
 
-    /// The consumer must supply the additional consumer data. The spelling is the published name.
+    /// The consumer must supply the additional consumer data; false after every parse, as the rules refuse a
+    /// placeholder there. The spelling is the published name.
     bool isAdditonalConsumerDataRequestMandatory() const noexcept;
     void setIsAdditonalConsumerDataRequestMandatory(bool value) noexcept;
 

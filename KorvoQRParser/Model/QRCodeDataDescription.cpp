@@ -2,6 +2,7 @@
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>
 
 #include <array>
+#include <cstddef>
 #include <string_view>
 
 namespace korvo {
@@ -98,7 +99,9 @@ constexpr std::array lines{
 }  // namespace
 
 std::string QRCodeData::description() const {
+    constexpr std::size_t usualSize = 2048;
     std::string text;
+    text.reserve(usualSize);
     for (const Line& line : lines) {
         text += line.label;
         text += line.value(*this);

@@ -1,49 +1,17 @@
+#include <KorvoQRParser/Decoding/CharacterReader.h>
+#include <KorvoQRParser/Model/JSONString.h>
 #include <KorvoQRParser/Model/QRCodeData.h>
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdio>
 #include <string_view>
-
-#include <rapidjson/memorystream.h>
-#include <rapidjson/prettywriter.h>
-#include <rapidjson/stringbuffer.h>
 
 namespace korvo {
 
 namespace {
-
-using JSONWriter = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
-
-bool isASCII(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
-bool isUTF8(std::string_view text) {
-    struct {
-        void Put(char /*byte*/) {}
-    } nowhere;
-    rapidjson::MemoryStream stream(text.data(), text.size());
-    while (stream.Tell() < text.size()) {
-        if (!rapidjson::UTF8<>::Validate(stream, nowhere)) {
-            return false;
-        }
-    }
-    return true;
-}
-
-void writeString(JSONWriter& writer, std::string_view text) {
-    writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
-}
-
-void writeValue(JSONWriter& writer, const std::optional<std::string>& value) {
-    writeString(writer, value ? std::string_view(*value) : "nil");
-}
-
-void writeValue(JSONWriter& writer, bool value) {
-    writeString(writer, value ? "true" : "false");
-}
 
 struct TextMember {
     std::string_view name;
@@ -64,36 +32,63 @@ constexpr std::array lengthMembers{KORVO_LENGTH_PROPERTIES(KORVO_TEXT_MEMBER)};
 #undef KORVO_FLAG_MEMBER
 #undef KORVO_TEXT_MEMBER
 
+bool isASCII(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+bool isUTF8(std::string_view text) {
+    for (std::size_t offset = 0; offset < text.size();) {
+        if (nextCodePoint(text, offset) < 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Whether every text of the record, the absent ones aside, is as `holds` says.
+bool allTexts(const QRCodeData& data, bool (*holds)(std::string_view)) {
+    const auto isFine = [&](const TextMember& member) {
+        const std::optional<std::string>& text = (data.*member.getter)();
+        return !text || holds(*text);
+    };
+    return std::all_of(valueMembers.begin(), valueMembers.end(), isFine) &&
+           std::all_of(lengthMembers.begin(), lengthMembers.end(), isFine);
+}
+
+std::string_view rendered(const std::optional<std::string>& value) {
+    return value ? std::string_view(*value) : "nil";
+}
+
+std::string_view rendered(bool value) {
+    return value ? "true" : "false";
+}
+
 template <class Members>
-void writeMembers(JSONWriter& writer, const QRCodeData& data, const Members& members) {
+void appendMembers(std::string& json, const QRCodeData& data, const Members& members) {
     for (const auto& [name, getter] : members) {
-        writeString(writer, name);
-        writeValue(writer, (data.*getter)());
+        json += json.size() > 1 ? ",\n  \"" : "\n  \"";
+        json += name;  // no name needs an escape
+        json += "\": ";
+        appendJSONString(json, rendered((data.*getter)()));
     }
 }
 
 }  // namespace
 
 std::string QRCodeData::jsonOutput() const {
-    rapidjson::StringBuffer buffer;
-    JSONWriter writer(buffer);
-    writer.SetIndent(' ', 2);
-    writer.StartObject();
-    writeMembers(writer, *this, valueMembers);
-    writeMembers(writer, *this, flagMembers);
-    writeMembers(writer, *this, lengthMembers);
-    writer.EndObject();
-
-    const std::string_view json(buffer.GetString(), buffer.GetSize());
-    if (isASCII(json)) {
-        return std::string(json);
+    constexpr std::size_t usualSize = 2560;
+    if (!allTexts(*this, isASCII)) {
+        if (!allTexts(*this, isUTF8)) {
+            std::puts("error: Account could not be serialized into json");
+        }
+        return {};
     }
-    // The writer copies bytes unchecked. Every other byte of the text is its own ASCII, so that the whole is
-    // valid UTF-8 exactly when every value is.
-    if (!isUTF8(json)) {
-        std::puts("error: Account could not be serialized into json");
-    }
-    return {};
+    std::string json = "{";
+    json.reserve(usualSize);
+    appendMembers(json, *this, valueMembers);
+    appendMembers(json, *this, flagMembers);
+    appendMembers(json, *this, lengthMembers);
+    return json += "\n}";
 }
 
 }  // namespace korvo

@@ -4,9 +4,10 @@
 /// The 70 properties of QRCodeData, named once: as the getter is called and as the setter's name continues.
 ///
 /// Declaration order is VALUES, IDENTIFIER_FLAGS, LENGTHS, ADDITIONAL_DATA_FLAGS; the JSON text puts the same
-/// groups into an order of its own. To add a property, add a row here and its two declarations to
-/// QRCodeData.h: the compiler finds a missing declaration, a size there that no longer fits, and the linker a
-/// missing row.
+/// groups into an order of its own. To add a property, add a row here, its two declarations and the new size
+/// to QRCodeData.h, its line to QRCodeDataDescription.cpp, and what fills it to assembleQRCodeData.cpp. A
+/// declaration or a size that is missing does not compile; the rest shows in the renderings that the tests
+/// compare whole.
 
 // clang-format off
 #define KORVO_VALUE_PROPERTIES(TEXT)                                   \

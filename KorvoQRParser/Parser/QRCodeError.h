@@ -19,8 +19,8 @@ class KORVO_EXPORT QRCodeError {
     /// Takes the codes as given; an empty list is kept as an empty list.
     explicit QRCodeError(std::vector<std::string> errorCodes);
 
-    /// The codes, in the order in which the rules raised them. The names and meanings of the codes are in
-    /// KorvoErrorConstants.h.
+    /// The codes, in the order in which the rules raised them; the list lives as long as the error and
+    /// changes with the setter. The names and meanings of the codes are in KorvoErrorConstants.h.
     const std::vector<std::string>& errorCodes() const noexcept;
 
     /// Replaces the whole list.

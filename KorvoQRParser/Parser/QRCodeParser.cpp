@@ -41,7 +41,7 @@ QRCodeParserResponse QRCodeParser::parseQRData(std::string_view qrCodeString) {
     return parse(qrCodeString, RefusalCodes::ofFirstValidation);
 }
 
-// A refused payload is validated twice in this form; that is how it has always answered.
+// In this form a refused payload is validated a second time, and the codes are those of the second run.
 void QRCodeParser::parseQRData(
     std::string_view qrCodeString,
     const std::function<void(std::optional<QRCodeParserResponse>)>& completionHandler) {

@@ -23,8 +23,9 @@ namespace korvo {
 /// and what a completion handler throws itself.
 class KORVO_EXPORT QRCodeParser {
   public:
-    /// Reads one payload. The response holds the record when every rule is kept, otherwise the error with
-    /// the code of every violated rule, each once, in the order in which the rules ran.
+    /// Reads one payload. The response holds the record when every rule is kept, otherwise the error with the
+    /// code of every violated rule, each once, in the order in which the rules ran; "0" alone when the text
+    /// is malformed.
     static QRCodeParserResponse parseQRData(std::string_view qrCodeString);
 
     /// The same for callers that prefer a callback: calls `completionHandler` exactly once, on this thread,

@@ -2,7 +2,7 @@
 #include <KorvoQRParser/Validation/KorvoBaseConstants.h>
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
-#include <KorvoQRParser/Validation/RuleHelpers.h>
+#include <KorvoQRParser/Validation/SharedRules.h>
 
 #include <array>
 

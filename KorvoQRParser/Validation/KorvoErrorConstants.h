@@ -6,7 +6,7 @@
 
 namespace korvo {
 
-// Every code that a payload can raise, one row each:
+// Every code that a rule names, one row each:
 //     constant, code, tag in the two-digit format, tag in the one-character format, what it means
 // "62/01" is sub-tag 01 inside tag 62; "-" stands where the format has no such tag or no such rule. A code
 // keeps its number and its name for ever. The misspelled names are the published ones.
@@ -28,7 +28,7 @@ namespace korvo {
     CODE(countryCodeNotPresent, "13", "58", "4", "The country code is missing.") \
     CODE(currencyCodeInvaidLength, "14", "53", "5", "The currency code is not 3 digits, or not a known numeric code of ISO 4217.") \
     CODE(currencyCodeNotPresent, "15", "53", "5", "The currency code is missing.") \
-    CODE(transactionAmountInvalidLength, "16", "54", "6", "The transaction amount is empty or too long (12 digits, or 13 characters with a point), or holds letters.") \
+    CODE(transactionAmountInvalidLength, "16", "54", "6", "The transaction amount is empty, longer than 12 digits or than 13 characters with a point, or holds letters.") \
     CODE(transactionAmountIncorrectValue, "17", "54", "6", "The transaction amount is not a number above zero.") \
     CODE(transactionAmountTagPresentWithoutAmountValue, "18", "54", "6", "The transaction amount is present but empty.") \
     CODE(transactionAmountContainsSpecialCharacters, "19", "54", "6", "The transaction amount holds something other than digits and a point.") \
@@ -53,7 +53,7 @@ namespace korvo {
     CODE(payloadFormatIndicatorInvalidLength, "41", "00", "-", "The payload format indicator is not 2 digits.") \
     CODE(payloadFormatIndicatorInvalidValue, "42", "00", "-", "The payload format indicator is not 01.") \
     CODE(postalCodeIndicatorInvalidLength, "43", "61", "-", "The postal code is empty or longer than 10 characters.") \
-    CODE(additionalDataFieldInvalidLength, "44", "62", "-", "The additional data field is empty or longer than 99 characters (no payload can carry such a one).") \
+    CODE(additionalDataFieldInvalidLength, "44", "62", "-", "The additional data field is empty or longer than 99 characters (no payload can carry such a value).") \
     CODE(additionalDataInformationInvalidLength, "45", "62/01-62/08", "-", "A value of the additional data field is empty or longer than 26 characters.") \
     CODE(additionalConsumerDataInvalidValue, "46", "62/09", "-", "The consumer data request is not 1 to 3 of the letters A, M and E.") \
     CODE(crcInvalidValue, "48", "63", "-", "The checksum is not 4 characters, or is not the checksum of the payload.")
@@ -84,7 +84,7 @@ struct ErrorCatalogueEntry {
     std::string_view meaning;          ///< in plain English, one sentence
 };
 
-/// Every code that a payload can raise, in the order of the numbers.
+/// Every code that a rule names, in the order of the numbers.
 inline constexpr std::array errorCatalogue{
 #define KORVO_ENTRY(constant, code, twoDigitTag, oneCharacterTag, meaning) \
     ErrorCatalogueEntry{code, #constant, twoDigitTag, oneCharacterTag, meaning},
@@ -92,7 +92,7 @@ inline constexpr std::array errorCatalogue{
 #undef KORVO_ENTRY
 };
 
-/// The catalogue's row for a code; null for a text that is no code of the catalogue.
+/// The catalogue's row for a code; null for a text that is not a code in it.
 constexpr const ErrorCatalogueEntry* findErrorCatalogueEntry(std::string_view code) noexcept {
     for (const ErrorCatalogueEntry& entry : errorCatalogue) {
         if (entry.code == code) {

@@ -58,7 +58,8 @@ class KorvoPayMerchantTLVValidator {
     void resetErrorCodes() noexcept { errorCodes_.clear(); }
 
   private:
-    /// What the tip or fee indicators "01", "02" and "03" stand for. The rules compare the indicators.
+    /// The published names of what the tip or fee indicators stand for; the rules compare the indicators
+    /// themselves.
     enum class TipAndFeeIndicatorType : unsigned char { Tip, Fee, Percentage };
     static std::optional<TipAndFeeIndicatorType> tipAndFeeIndicatorType(std::string_view rawValue) noexcept;
 

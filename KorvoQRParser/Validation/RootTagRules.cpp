@@ -4,7 +4,7 @@
 #include <KorvoQRParser/Validation/ISOCountryCodes.h>
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
-#include <KorvoQRParser/Validation/RuleHelpers.h>
+#include <KorvoQRParser/Validation/SharedRules.h>
 #include <KorvoQRParser/Validation/StringConstants.h>
 
 #include <cstddef>

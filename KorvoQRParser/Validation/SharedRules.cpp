@@ -2,7 +2,7 @@
 #include <KorvoQRParser/Decoding/TextHelpers.h>
 #include <KorvoQRParser/Validation/KorvoBaseConstants.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
-#include <KorvoQRParser/Validation/RuleHelpers.h>
+#include <KorvoQRParser/Validation/SharedRules.h>
 
 namespace korvo {
 

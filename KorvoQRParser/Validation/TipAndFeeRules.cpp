@@ -1,6 +1,6 @@
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
-#include <KorvoQRParser/Validation/RuleHelpers.h>
+#include <KorvoQRParser/Validation/SharedRules.h>
 
 namespace korvo {
 

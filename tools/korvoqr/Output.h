@@ -9,7 +9,7 @@ namespace korvoqr {
 /// Standard output, collected into large writes. After a write has failed nothing more is written.
 class Output {
   public:
-    /// Adds a text; writes what has been collected when that has become much.
+    /// Adds a text; writes what has been collected once that is 64 KiB or more.
     void write(std::string_view text);
 
     /// Writes what has been collected.

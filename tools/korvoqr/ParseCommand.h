@@ -12,7 +12,7 @@ namespace korvoqr {
 enum ExitStatus : int {
     allAccepted = 0,
     someRejected = 1,
-    usageOrInputError = 2,
+    usageOrInputError = 2,  ///< or one of output
 };
 
 struct ParseOptions {

@@ -1,78 +1,76 @@
 #include "Rendering.h"
 
+#include <KorvoQRParser/Model/JSONString.h>
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>
 
 #include <optional>
 #include <string_view>
 
-#include <rapidjson/prettywriter.h>
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
-
 namespace korvoqr {
 
 namespace {
-
-using JSONLineWriter = rapidjson::Writer<rapidjson::StringBuffer>;
-using IndentedJSONWriter = rapidjson::PrettyWriter<rapidjson::StringBuffer>;
-
-template <class Writer>
-void writeString(Writer& writer, std::string_view text) {
-    writer.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
-}
 
 std::string_view nameOf(std::string_view code) {
     const auto* const entry = korvo::findErrorCatalogueEntry(code);
     return entry != nullptr ? entry->name : "unknown";
 }
 
-template <class Writer>
-void writeError(Writer& writer, const korvo::QRCodeError& error) {
-    writer.StartObject();
-    writer.Key("qrCodeError");
-    writer.StartObject();
-    writer.Key("errorCodes");
-    writer.StartArray();
+std::string errorLine(const korvo::QRCodeError& error) {
+    std::string codes;
+    std::string names;
     for (const std::string& code : error.errorCodes()) {
-        writeString(writer, code);
+        const char* const separator = codes.empty() ? "" : ",";
+        korvo::appendJSONString(codes += separator, code);
+        korvo::appendJSONString(names += separator, nameOf(code));
     }
-    writer.EndArray();
-    writer.Key("errorNames");
-    writer.StartArray();
-    for (const std::string& code : error.errorCodes()) {
-        writeString(writer, nameOf(code));
-    }
-    writer.EndArray();
-    writer.EndObject();
-    writer.EndObject();
+    std::string json = R"({"qrCodeError":{"errorCodes":[)";
+    json += codes;
+    json += R"(],"errorNames":[)";
+    json += names;
+    return json += "]}}\n";
 }
 
-void writeMember(JSONLineWriter& writer, std::string_view name, const std::optional<std::string>& value) {
-    writeString(writer, name);
+// The same object in the indented form that the record's JSON text has.
+std::string errorObject(const korvo::QRCodeError& error) {
+    std::string codes;
+    std::string names;
+    for (const std::string& code : error.errorCodes()) {
+        const char* const separator = codes.empty() ? "\n      " : ",\n      ";
+        korvo::appendJSONString(codes += separator, code);
+        korvo::appendJSONString(names += separator, nameOf(code));
+    }
+    std::string json = "{\n  \"qrCodeError\": {\n    \"errorCodes\": [";
+    json += codes;
+    json += "\n    ],\n    \"errorNames\": [";
+    json += names;
+    return json += "\n    ]\n  }\n}\n";
+}
+
+void appendMember(std::string& json, std::string_view name, const std::optional<std::string>& value) {
+    korvo::appendJSONString(json, name);
     if (value) {
-        writeString(writer, *value);
+        korvo::appendJSONString(json += ':', *value);
     } else {
-        writer.Null();
+        json += ":null";
     }
+    json += ',';
 }
 
-void writeMember(JSONLineWriter& writer, std::string_view name, bool value) {
-    writeString(writer, name);
-    writer.Bool(value);
+void appendMember(std::string& json, std::string_view name, bool value) {
+    korvo::appendJSONString(json, name);
+    json += value ? ":true," : ":false,";
 }
 
-void writeData(JSONLineWriter& writer, const korvo::QRCodeData& data) {
-    writer.StartObject();
-    writer.Key("qrCodeData");
-    writer.StartObject();
-#define KORVO_MEMBER(name, Name) writeMember(writer, #name, data.name());
+std::string dataLine(const korvo::QRCodeData& data) {
+    std::string json = R"({"qrCodeData":{)";
+#define KORVO_MEMBER(name, Name) appendMember(json, #name, data.name());
     KORVO_VALUE_PROPERTIES(KORVO_MEMBER)
     KORVO_ADDITIONAL_DATA_FLAG_PROPERTIES(KORVO_MEMBER)
     KORVO_IDENTIFIER_FLAG_PROPERTIES(KORVO_MEMBER)
     KORVO_LENGTH_PROPERTIES(KORVO_MEMBER)
 #undef KORVO_MEMBER
-    writer.EndObject();
-    writer.EndObject();
+    json.pop_back();  // the comma behind the last member
+    return json += "}}\n";
 }
 
 std::string explainCodes(const korvo::QRCodeError& error) {
@@ -85,31 +83,18 @@ std::string explainCodes(const korvo::QRCodeError& error) {
     return text;
 }
 
-std::string line(const rapidjson::StringBuffer& buffer) {
-    return std::string(buffer.GetString(), buffer.GetSize()) + '\n';
-}
-
 }  // namespace
 
 std::string render(const korvo::QRCodeParserResponse& response, Format format) {
-    rapidjson::StringBuffer buffer;
-    if (format == Format::jsonl) {
-        JSONLineWriter writer(buffer);
-        response.qrCodeData() ? writeData(writer, *response.qrCodeData())
-                              : writeError(writer, *response.qrCodeError());
-        return line(buffer);
+    if (const auto& data = response.qrCodeData()) {
+        return format == Format::jsonl  ? dataLine(*data)
+               : format == Format::json ? data->jsonOutput() + '\n'
+                                        : data->description();
     }
-    if (response.qrCodeData()) {
-        return format == Format::json ? response.qrCodeData()->jsonOutput() + '\n'
-                                      : response.qrCodeData()->description();
-    }
-    if (format == Format::json) {
-        IndentedJSONWriter writer(buffer);
-        writer.SetIndent(' ', 2);
-        writeError(writer, *response.qrCodeError());
-        return line(buffer);
-    }
-    return explainCodes(*response.qrCodeError());
+    const korvo::QRCodeError& error = *response.qrCodeError();
+    return format == Format::jsonl  ? errorLine(error)
+           : format == Format::json ? errorObject(error)
+                                    : explainCodes(error);
 }
 
 }  // namespace korvoqr

@@ -30,10 +30,9 @@ int reportUsageError(const CLI::Error& error) {
     // One line, whatever was typed.
     std::replace_if(
         reason.begin(), reason.end(), [](unsigned char c) { return c < ' '; }, ' ');
-    std::fprintf(
-        stderr,
-        "korvoqr: %s; type korvoqr parse --help for the options, or -- before a payload that begins with -\n",
-        reason.c_str());
+    const bool isUnexpected = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
+    std::fprintf(stderr, "korvoqr: %s; type korvoqr parse --help for the options%s\n", reason.c_str(),
+                 isUnexpected ? ", or -- before a payload that begins with -" : "");
     return korvoqr::usageOrInputError;
 }
 
