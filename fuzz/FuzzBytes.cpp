@@ -1,0 +1,10 @@
+#include "Properties.h"
+
+#include <cstddef>
+#include <cstdint>
+
+/// Any bytes at all, as they come.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    korvo::fuzz::checkPromises({reinterpret_cast<const char*>(data), size});
+    return 0;
+}

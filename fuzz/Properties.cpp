@@ -1,0 +1,155 @@
+#include "Properties.h"
+
+#include <KorvoQRParser/Decoding/CRC.h>
+#include <KorvoQRParser/Decoding/TLVElementReader.h>
+#include <KorvoQRParser/Decoding/TagRawValues.h>
+#include <KorvoQRParser/KorvoQRParser.h>
+#include <KorvoQRParser/Model/QRCodeDataProperties.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <set>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+namespace korvo::fuzz {
+
+namespace {
+
+void promise(bool isKept, const char* what) {
+    if (!isKept) {
+        std::fprintf(stderr, "broken promise: %s\n", what);
+        std::abort();
+    }
+}
+
+bool isTwoDigit(const QRCodeData& data) {
+    return data.payloadFormatIndicator().has_value();
+}
+
+// The record's texts that stand in the payload; the others are derived.
+std::vector<std::string> receivedTexts(const QRCodeData& data) {
+    std::vector<std::string> texts;
+#define KORVO_RECEIVED(name, Name)                                      \
+    if (data.name() && std::string_view(#name) != "korvoMerchantPAN") { \
+        texts.push_back(*data.name());                                  \
+    }
+    KORVO_VALUE_PROPERTIES(KORVO_RECEIVED)
+#undef KORVO_RECEIVED
+    return texts;
+}
+
+void checkJSON(const QRCodeData& data, bool isASCII) {
+    const std::string text = data.jsonOutput();
+    promise(text.empty() != isASCII, "JSON output is empty exactly for what is not ASCII");
+    if (!text.empty()) {
+        const auto json = nlohmann::json::parse(text, nullptr, false);
+        promise(json.is_object() && json.size() == 70, "JSON output is an object of 70 members");
+        promise(json["merchantName"] == *data.merchantName(), "JSON output holds the values");
+    }
+}
+
+// The payload once more from its elements, in another order and with plain lengths.
+std::string reassembled(std::string_view payload, const TLVFormat& format) {
+    std::vector<std::string> elements;
+    TLVElementReader reader(CharacterReader(payload), format);
+    for (TLVElement element; !reader.atEnd();) {
+        promise(!reader.next(element), "an accepted payload can be split");
+        if (element.tag != "63" || format.fieldWidth == 1) {
+            const std::size_t length = element.value.characterCount();
+            std::string text(element.tag);
+            text += format.fieldWidth == 2 ? std::string(twoDigitText(static_cast<unsigned>(length)))
+                                           : std::string(1, "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"[length]);
+            elements.push_back(text += element.value.text());
+        }
+    }
+    // Tag 00 stays first; without a checksum behind it the last one stays last, as its end may join what
+    // follows.
+    const bool isTwoDigitFormat = format.fieldWidth == 2;
+    std::reverse(elements.begin() + (isTwoDigitFormat ? 1 : 0), elements.end() - (isTwoDigitFormat ? 0 : 1));
+    std::string again;
+    for (const std::string& element : elements) {
+        again += element;
+    }
+    return format.fieldWidth == 2 ? again + checksumElement(again) : again;
+}
+
+void checkAccepted(std::string_view payload, const QRCodeData& data) {
+    for (const std::string& text : receivedTexts(data)) {
+        promise(payload.find(text) != std::string_view::npos, "a record's texts stand in the payload");
+    }
+    const bool isASCII = std::all_of(payload.begin(), payload.end(),
+                                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    if (isASCII) {
+        checkJSON(data, true);
+    }
+    promise(!data.description().empty(), "a record has a description");
+
+    const bool twoDigit = isTwoDigit(data);
+    const std::string again = reassembled(payload, twoDigit ? twoDigitFormat : oneCharacterFormat);
+    const auto response = QRCodeParser::parseQRData(again);
+    promise(response.qrCodeData() != nullptr, "the same elements in another order are accepted");
+    response.qrCodeData()->setCrc(data.crc());
+    promise(*response.qrCodeData() == data, "the same elements in another order give the same record");
+
+    if (twoDigit) {
+        const std::vector<std::string> malformed{"0"};
+        const auto codes = [](const std::string& text) {
+            const auto changed = QRCodeParser::parseQRData(text);
+            return changed.qrCodeError() ? changed.qrCodeError()->errorCodes() : std::vector<std::string>{};
+        };
+        promise(codes(std::string(payload) + 'x') == malformed, "a longer two-digit payload is malformed");
+        promise(codes(std::string(payload.substr(0, payload.size() - 1))) == malformed,
+                "a shorter two-digit payload is malformed");
+    }
+}
+
+void checkRefused(std::string_view payload, const std::vector<std::string>& codes) {
+    promise(!codes.empty(), "a refusal has a code");
+    promise(std::set<std::string>(codes.begin(), codes.end()).size() == codes.size(),
+            "each code stands once");
+    for (const std::string& code : codes) {
+        promise(findErrorCatalogueEntry(code) != nullptr, "each code is in the catalogue");
+        promise(code != "0" || codes.size() == 1, "malformed stands alone");
+        promise(code != "48" || (&code == &codes.back() && payload.substr(0, 2) == "00"),
+                "the checksum's code is last, and never in the one-character format");
+    }
+}
+
+}  // namespace
+
+std::string checksumElement(std::string_view before) {
+    std::string covered = std::string(before) + "6304";
+    char digits[5];
+    std::snprintf(digits, sizeof digits, "%04X", static_cast<unsigned>(computeCRC16(covered)));
+    return std::string("6304") + digits;
+}
+
+void checkPromises(std::string_view payload) {
+    const auto response = QRCodeParser::parseQRData(payload);
+    promise((response.qrCodeData() == nullptr) != (response.qrCodeError() == nullptr),
+            "exactly one of record and error");
+
+    const auto isSame = [&response](const QRCodeParserResponse& other) {
+        return response.qrCodeData() ? other.qrCodeData() && *other.qrCodeData() == *response.qrCodeData()
+                                     : other.qrCodeError() && *other.qrCodeError() == *response.qrCodeError();
+    };
+    promise(isSame(QRCodeParser::parseQRData(payload)), "a second parse answers alike");
+    int calls = 0;
+    QRCodeParser::parseQRData(payload, [&](const std::optional<QRCodeParserResponse>& handed) {
+        ++calls;
+        promise(handed && isSame(*handed), "both forms answer alike");
+    });
+    promise(calls == 1, "the handler is called once");
+
+    if (response.qrCodeData()) {
+        checkAccepted(payload, *response.qrCodeData());
+    } else {
+        checkRefused(payload, response.qrCodeError()->errorCodes());
+    }
+}
+
+}  // namespace korvo::fuzz
