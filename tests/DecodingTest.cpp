@@ -76,6 +76,11 @@ TEST(Holder, StoresByTag) {
         EXPECT_EQ(holder.isTipAvailable, isTip) << value;
         EXPECT_EQ(one.tipAndFeeIndicator, value);
     }
+    const QRCodeData before = *assembleQRCodeData(holder);
+    for (unsigned tag = 16; tag <= 51; ++tag) {
+        EXPECT_TRUE(holder.setTLV01Value(std::to_string(tag), std::nullopt, "admitted, not kept"));
+    }
+    EXPECT_EQ(*assembleQRCodeData(holder), before);
     EXPECT_EQ(rawValue(PayMerchantValidTLV01::MerchantName), "59");
     EXPECT_EQ(rawValue(PMValidTLV01AdditionalDataField::TagSixtyTwo22), "22");
     EXPECT_EQ(rawValue(PayMerchantValidTLV00::ConvenienceFeePercentage), "B");

@@ -146,6 +146,38 @@ TEST(Assembly, MarksPlaceholders) {
     }
 }
 
+TEST(Assembly, PairsEachFlagAndLengthWithItsOwnValue) {
+    KorvoPayMerchantTLV identifiers;
+    identifiers.primaryID = "?5";
+    identifiers.secondaryID = "?a";
+    EXPECT_EQ(assembleQRCodeData(identifiers)->primaryIDLength(), "5");
+    EXPECT_EQ(assembleQRCodeData(identifiers)->secondaryIDLength(), "10");
+    identifiers.secondaryID.reset();
+    EXPECT_FALSE(assembleQRCodeData(identifiers)->isSecondaryIDMandatory());
+    for (const auto& [subTag, value] : Elements{{"01", "BillID"},
+                                                {"02", "MobileNumber"},
+                                                {"03", "StoreID"},
+                                                {"04", "LoyaltyNumber"},
+                                                {"05", "ReferenceID"},
+                                                {"06", "ConsumerID"},
+                                                {"07", "TerminalID"},
+                                                {"08", "Purpose"},
+                                                {"09", "AdditonalConsumerDataRequest"},
+                                                {"11", "AddDataMasterCard1"},
+                                                {"12", "AddDataMasterCard2"},
+                                                {"13", "AddDataNpci1"},
+                                                {"14", "AddDataNpci2"}}) {
+        KorvoPayMerchantTLV holder;
+        holder.payloadFormatIndicator = "01";
+        holder.setTLV01Value("62", subTag, "***");
+        const std::string description = assembleQRCodeData(holder)->description();
+        const std::size_t flag = description.find(": true\n");
+        EXPECT_EQ(description.rfind(": true\n"), flag);
+        EXPECT_EQ(description.rfind("\nis" + value + "Mandatory", flag), description.rfind('\n', flag))
+            << subTag;
+    }
+}
+
 TEST(Response, CarriesWhatItIsGiven) {
     const QRCodeParserResponse neither(nullptr, nullptr);
     EXPECT_FALSE(neither.qrCodeData() || neither.qrCodeError());

@@ -52,7 +52,8 @@ TEST(Rules, RaiseTheirCodesInOrder) {
         Elements elements = twoDigit;
         elements[0].second = indicator;
         EXPECT_EQ(codesOf(closed(join(elements))), Codes{code}) << indicator;
-        EXPECT_EQ(codesOf(join(elements) + "63040000"), (Codes{code, "48"})) << indicator;
+        elements[1].second = "1";
+        EXPECT_EQ(codesOf(join(elements) + "63040000"), (Codes{code, "1", "2", "3", "48"})) << indicator;
     }
 }
 
@@ -160,6 +161,11 @@ TEST(Rules, CountUserPerceivedCharacters) {
     EXPECT_EQ(codesOf(oneWith("6", "3", arabicDigits.substr(0, 6))), Codes{"17"});
     EXPECT_EQ(codesOf(oneWith("6", "1", "\xC3\xA9")), Codes{"16"});  // a letter
     EXPECT_EQ(codesOf(oneWith("6", "1", "5" + acute)), Codes{"19"});
+    EXPECT_EQ(codesOf(oneWith("6", "1", "\xD8\xA7")), Codes{"16"});  // a letter without case
+    EXPECT_EQ(codesOf(oneWith("2", "4",
+                              "58\xC2\xBD"
+                              "2")),
+              Codes{"8"});  // a half is no digit
     EXPECT_EQ(codesOf(oneWith("4", "2", "I" + acute + "N")), Codes{"12"});
 }
 
@@ -200,6 +206,9 @@ TEST(Validator, DispatchesByPayloadFormatIndicator) {
     EXPECT_EQ(validator.validatePayMerchantTLV(&holder, std::nullopt), missing01);
     EXPECT_EQ(validator.validatePayMerchantTLV(&holder, "text").back(), "48");
     EXPECT_FALSE(validator.isDiggingDeepTLVRequired());
+    EXPECT_EQ(validator.validatePayMerchantTLV01(nullptr), Codes{});
+    EXPECT_EQ(validator.validatePayMerchantTLV(&holder), missing01);
+    EXPECT_EQ(validator.validatePayMerchantTLV00(nullptr), Codes{});
 
     validator.resetErrorCodes();
     EXPECT_TRUE(validator.validateMerchantID("4111111111111111"));

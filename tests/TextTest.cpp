@@ -56,7 +56,8 @@ TEST(Text, ParsesIntegers) {
     EXPECT_EQ(parseDecimal(std::string(400, '9')), std::numeric_limits<double>::infinity());
     EXPECT_EQ(parseDecimal("0." + std::string(400, '0') + "1"), 0.0);
     EXPECT_EQ(parseDecimal("1.5"), 1.5);
-    EXPECT_FALSE(parseDecimal("") || parseDecimal("1.5 ") || parseDecimal("."));
+    EXPECT_FALSE(parseDecimal("") || parseDecimal("1.5 ") || parseDecimal(std::string(400, '9') + "x") ||
+                 parseDecimal("."));
 }
 
 TEST(Text, CutsByUserPerceivedCharacters) {
@@ -83,6 +84,7 @@ TEST(Text, CutsByUserPerceivedCharacters) {
                 !beginsWith("!?", '?'));
     EXPECT_EQ(lowerCased("AbZ[\xC3\x89\xE2\x84\xAA"), "abz[\xC3\xA9k");
     EXPECT_EQ(lowerCased("AbZ[1"), "abz[1");
+    EXPECT_EQ(lowerCased("\xC4\xB0"), "i\xCC\x87");  // longer than it was
 }
 
 TEST(Text, MatchesRegex) {
@@ -117,6 +119,7 @@ TEST(Text, CharacterSets) {
                                                           {"\xC2\xA0", false, true},
                                                           {"\n", false, false},
                                                           {".", false, false},
+                                                          {"\xC2\xBD", false, true},
                                                           {"\x80", false, false}}) {
         EXPECT_EQ(consistsOfCharactersOf(text, digits), isDigit) << text;
         EXPECT_EQ(containsCharacterOf("." + text, words), isWord) << text;
@@ -130,6 +133,9 @@ TEST(Text, CharacterSets) {
         consistsOfCharactersOf("\xC3\xA9"
                                "aZ",
                                set.formUnionWith(CharacterSet::letterCharacterSet())));
+    EXPECT_TRUE(containsCharacterOf("\xE2\x82\xAC",
+                                    CharacterSet::unionAlphaNumericCharacterSetWith(
+                                        CharacterSet::characterSetWithCharactersInString("\xE2\x82\xAC"))));
     EXPECT_TRUE(consistsOfCharactersOf("", set) && !containsCharacterOf("", set));
 }
 
