@@ -66,8 +66,9 @@ TEST(Holder, StoresByTag) {
     EXPECT_EQ(holder.convenienceFeeAmount, "fee");
     EXPECT_TRUE(holder.setTLV00Value("B", "percentage"));
     EXPECT_EQ(holder.convenienceFeePercentage, "percentage");
-    EXPECT_FALSE(holder.setTLV00Value("c", "v"));
-    EXPECT_FALSE(holder.setTLV00Value("", "v"));
+    for (const char* const tag : {"c", "C", ":", "@", "/", "", "ab"}) {
+        EXPECT_FALSE(holder.setTLV00Value(tag, "v")) << tag;
+    }
     for (const auto& [value, isTip] : std::map<std::string, bool>{
              {"01", true}, {"02", true}, {"03", true}, {"04", false}, {"1", false}, {"", false}}) {
         KorvoPayMerchantTLV one;

@@ -3,6 +3,7 @@
 
 #include <KorvoQRParser/Decoding/KorvoPayMerchantTLV.h>
 
+#include <array>
 #include <cstddef>
 #include <mutex>
 #include <optional>
@@ -58,10 +59,10 @@ class KorvoPayMerchantTLVValidator {
     void resetErrorCodes() noexcept { errorCodes_.clear(); }
 
   private:
-    /// The published names of what the tip or fee indicators stand for; the rules compare the indicators
-    /// themselves.
+    /// What the tip or fee indicators "01", "02" and "03" stand for, with the published names in the order of
+    /// the cases. The rules compare the indicators themselves.
     enum class TipAndFeeIndicatorType : unsigned char { Tip, Fee, Percentage };
-    static std::optional<TipAndFeeIndicatorType> tipAndFeeIndicatorType(std::string_view rawValue) noexcept;
+    static constexpr std::array<std::string_view, 3> tipAndFeeIndicatorTypes{"Tip", "Fee", "Percentage"};
 
     /// What an amount must be, and the codes for what it is not.
     struct AmountRule {

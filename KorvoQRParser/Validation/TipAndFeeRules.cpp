@@ -6,17 +6,6 @@ namespace korvo {
 
 namespace Codes = KorvoErrorConstants;
 
-auto KorvoPayMerchantTLVValidator::tipAndFeeIndicatorType(std::string_view rawValue) noexcept
-    -> std::optional<TipAndFeeIndicatorType> {
-    if (rawValue == "Tip") {
-        return TipAndFeeIndicatorType::Tip;
-    }
-    if (rawValue == "Fee") {
-        return TipAndFeeIndicatorType::Fee;
-    }
-    return rawValue == "Percentage" ? std::optional(TipAndFeeIndicatorType::Percentage) : std::nullopt;
-}
-
 void KorvoPayMerchantTLVValidator::validateTipAndFeeIndicator(const KorvoPayMerchantTLV& holder) {
     const Value& indicator = holder.tipAndFeeIndicator;
     if (!indicator || *indicator == "01") {
