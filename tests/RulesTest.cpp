@@ -57,6 +57,16 @@ TEST(Rules, RaiseTheirCodesInOrder) {
     }
 }
 
+TEST(Rules, PlaceholdersAnnounceALength) {
+    for (int character = ' '; character < 0x7F; ++character) {
+        const std::string value{'?', static_cast<char>(character)};
+        const std::string_view allowed = "123456789abcdefghijklmnopqABCDEFGHIJKLMNOPQ";
+        const bool isAllowed = allowed.find(value[1]) != std::string_view::npos;
+        EXPECT_EQ(codesOf(with(oneCharacter, {{"7", value}})), isAllowed ? Codes{} : Codes{"23"}) << value;
+        EXPECT_EQ(codesOf(with(oneCharacter, {{"8", value}})), isAllowed ? Codes{} : Codes{"24"}) << value;
+    }
+}
+
 TEST(Rules, CompareCharactersNotCodePoints) {
     // With a mark joined to it, a "4" or a "?" is another character, and no digit.
     EXPECT_EQ(codesOf(join(changed(oneCharacter, {{"0", absent}})) + "0a4" + acute + "111111118"),
@@ -70,7 +80,8 @@ TEST(Rules, AdditionalDataFieldBeyondWhatPayloadsCarry) {
     holder.payloadFormatIndicator = "01";
     holder.billNumber = holder.additionalConsumerDataReq = "";
     KorvoPayMerchantTLVValidator validator;
-    const Codes others{"5", "9", "15", "13", "7", "11"};
+    holder.postalCode = "";
+    const Codes others{"5", "9", "15", "13", "7", "11", "43"};
     Codes codes = others;
     EXPECT_EQ(validator.validatePayMerchantTLV01(&holder), codes);  // no tag 62, no rule of it
     codes.insert(codes.end(), {"44", "45", "46"});
@@ -132,6 +143,9 @@ TEST(Rules, Checksum) {
     EXPECT_FALSE(crcCodes(covered + "\r\ne" + acute + "ab"));
     EXPECT_TRUE(crcCodes(covered + "e" + acute + "ab"));
     EXPECT_TRUE(crcCodes("abc"));
+    const std::string fiveDigits = "0" + crc;
+    holder.crc = fiveDigits;
+    EXPECT_TRUE(crcCodes(covered + "abcd"));
 }
 
 TEST(Rules, CountUserPerceivedCharacters) {
@@ -212,6 +226,9 @@ TEST(Validator, DispatchesByPayloadFormatIndicator) {
 
     validator.resetErrorCodes();
     EXPECT_TRUE(validator.validateMerchantID("4111111111111111"));
+    for (const char* const id : {"5111111111111118", "412346", "4111111111111112", "412345000001"}) {
+        EXPECT_FALSE(KorvoPayMerchantTLVValidator().validateMerchantID(id)) << id;
+    }
     EXPECT_FALSE(validator.validateAmount("0"));
     EXPECT_FALSE(validator.validateAmount("0"));  // raised again, though the list holds it already
     EXPECT_TRUE(validator.validateAmount("1"));
