@@ -3,7 +3,6 @@
 #include <KorvoQRParser/Decoding/TextHelpers.h>
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -15,120 +14,88 @@ namespace {
 // Takes decisions and texts from the fuzzer's bytes; zeros when they are used up.
 class Choices {
   public:
-    Choices(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
+    Choices(const std::uint8_t* data, std::size_t size) : bytes_(reinterpret_cast<const char*>(data), size) {}
 
-    bool atEnd() const { return size_ == 0; }
+    bool atEnd() const { return bytes_.empty(); }
 
     unsigned below(unsigned limit) {
-        if (atEnd()) {
-            return 0;
-        }
-        --size_;
-        return *data_++ % limit;
+        const std::string_view byte = text(1);
+        return byte.empty() ? 0 : static_cast<unsigned char>(byte[0]) % limit;
     }
 
     std::string_view text(std::size_t length) {
-        length = std::min(length, size_);
-        const std::string_view taken(reinterpret_cast<const char*>(data_), length);
-        data_ += length;
-        size_ -= length;
+        const std::string_view taken = bytes_.substr(0, length);
+        bytes_.remove_prefix(taken.size());
         return taken;
     }
 
   private:
-    const std::uint8_t* data_;
-    std::size_t size_;
+    std::string_view bytes_;
 };
 
-constexpr std::string_view oneCharacterTags = "0123456789aAbBc";
+// Values that the rules of some tags accept, to get past them, and placeholders.
+constexpr std::string_view rightValues[] = {
+    "01", "4111111111111111", "5812", "356", "12.50", "03", "2.5", "IN", "Korvo", "***", "?5"};
 
-// A value that a rule of the tag accepts, to get past it.
-std::string_view rightValue(unsigned tag) {
-    switch (tag) {
-        case 0:
-            return "01";
-        case 2:
-            return "4111111111111111";
-        case 52:
-            return "5812";
-        case 53:
-            return "356";
-        case 54:
-            return "12.50";
-        case 55:
-            return "03";
-        case 57:
-            return "2.5";
-        case 58:
-            return "IN";
-        default:
-            return "Korvo";
-    }
-}
-
-// The one-character format's tags, as the two-digit ones with the same rule.
-constexpr std::array<unsigned, 15> sameRule{2, 59, 52, 60, 58, 53, 54, 1, 1, 55, 56, 56, 57, 57, 1};
-
-std::string lengthField(unsigned length, bool isTwoDigit, Choices& choices) {
-    const unsigned wrong = choices.below(64);
-    length += wrong == 1 ? 1 : 0;
-    if (!isTwoDigit) {
-        return std::string(1, "0123456789abcdefghijklmnopqrstuvwxyz"[length % 36]);
-    }
-    if (wrong == 2 && length < 10) {
-        return std::string{'+', static_cast<char>('0' + length)};
-    }
-    return std::string(twoDigitText(length % 100));
-}
-
-std::string element(bool isTwoDigit, unsigned tag, Choices& choices);
-
-std::string value(bool isTwoDigit, unsigned tag, Choices& choices) {
-    if (isTwoDigit && tag == 62) {
-        std::string nested;
-        for (unsigned count = 1 + choices.below(4); count > 0; --count) {
-            nested += element(true, 100 + choices.below(24), choices);
-        }
-        return nested;
-    }
+std::string value(unsigned right, Choices& choices) {
     switch (choices.below(4)) {
         case 0:
             return std::string(choices.text(choices.below(40)));
         case 1:
-            return choices.below(2) == 0 ? "***" : "?5";
+            return std::string(rightValues[choices.below(std::size(rightValues))]);
         default:
-            return std::string(rightValue(isTwoDigit ? tag : sameRule[tag]));
+            return std::string(rightValues[right]);
     }
 }
 
-// Tags of 100 and more are sub-tags.
-std::string element(bool isTwoDigit, unsigned tag, Choices& choices) {
-    const std::string text = value(isTwoDigit, tag, choices);
-    const auto length = static_cast<unsigned>(characterCount(text));
-    const std::string written(isTwoDigit ? twoDigitText(tag % 100) : oneCharacterTags.substr(tag, 1));
-    return written + lengthField(length, isTwoDigit, choices) + text;
+// An element whose length is wrong now and then, or written with a sign.
+std::string element(std::string_view tag, const std::string& text, Choices& choices) {
+    const unsigned wrong = choices.below(64);
+    const auto length = static_cast<unsigned>(characterCount(text)) + (wrong == 1 ? 1 : 0);
+    const std::string field = tag.size() == 1
+                                  ? std::string(1, "0123456789abcdefghijklmnopqrstuvwxyz"[length % 36])
+                              : wrong == 2 && length < 10 ? std::string{'+', static_cast<char>('0' + length)}
+                                                          : std::string(twoDigitText(length % 100));
+    return std::string(tag) + field + text;
 }
 
-std::string payload(Choices& choices) {
-    const bool isTwoDigit = choices.below(4) != 0;
-    std::string text;
-    if (isTwoDigit) {
-        // The tags that must be there are, unless the fuzzer says otherwise.
-        for (const unsigned tag : {0U, 2U, 52U, 53U, 58U, 59U, 60U}) {
-            text += choices.below(32) == 1 ? "" : element(true, tag, choices);
-        }
-        while (!choices.atEnd()) {
-            text += element(true, choices.below(66), choices);
-        }
-        return choices.below(16) == 1 ? text + "6304FFFF" : text + checksumElement(text);
+std::string additionalData(Choices& choices) {
+    std::string nested;
+    for (unsigned count = 1 + choices.below(4); count > 0; --count) {
+        nested += element(twoDigitText(choices.below(24)), value(8, choices), choices);
     }
-    for (unsigned tag = 0; tag < 6; ++tag) {
-        text += choices.below(32) == 1 ? "" : element(false, tag, choices);
+    return nested;
+}
+
+std::string twoDigitPayload(Choices& choices) {
+    // The tags that must be there are, unless the fuzzer says otherwise, each with its right value.
+    constexpr unsigned mandatory[][2] = {{0, 0}, {2, 1}, {52, 2}, {53, 3}, {58, 7}, {59, 8}, {60, 8}};
+    std::string payload;
+    for (const auto& [tag, right] : mandatory) {
+        payload += choices.below(32) == 1 ? std::string()
+                                          : element(twoDigitText(tag), value(right, choices), choices);
     }
     while (!choices.atEnd()) {
-        text += element(false, choices.below(15), choices);
+        const unsigned tag = choices.below(66);
+        const std::string text = tag == 62 ? additionalData(choices) : value(tag == 55 ? 5 : 4, choices);
+        payload += element(twoDigitText(tag), text, choices);
     }
-    return text;
+    return payload + (choices.below(16) == 1 ? "6304FFFF" : checksumElement(payload));
+}
+
+std::string oneCharacterPayload(Choices& choices) {
+    constexpr std::string_view tags = "0123456789aAbBc";
+    constexpr unsigned right[] = {1, 8, 2, 8, 7, 3, 4, 10, 10, 5, 4, 4, 6, 6, 8};
+    std::string payload;
+    for (unsigned tag = 0; tag < 6; ++tag) {
+        payload += choices.below(32) == 1 ? std::string()
+                                          : element(tags.substr(tag, 1), value(right[tag], choices), choices);
+    }
+    while (!choices.atEnd()) {
+        const unsigned tag = choices.below(15);
+        payload += element(tags.substr(tag, 1), value(right[tag], choices), choices);
+    }
+    return payload;
 }
 
 }  // namespace
@@ -138,6 +105,7 @@ std::string payload(Choices& choices) {
 /// and the record are reached and not the decoder alone.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     korvo::fuzz::Choices choices(data, size);
-    korvo::fuzz::checkPromises(korvo::fuzz::payload(choices));
+    korvo::fuzz::checkPromises(choices.below(4) != 0 ? korvo::fuzz::twoDigitPayload(choices)
+                                                     : korvo::fuzz::oneCharacterPayload(choices));
     return 0;
 }

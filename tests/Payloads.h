@@ -109,7 +109,8 @@ inline std::string expanded(std::string text) {
     for (std::size_t at = 0; (at = text.find("\\x", at)) != std::string::npos; ++at) {
         text.replace(at, 4, 1, static_cast<char>(std::stoi(text.substr(at + 2, 2), nullptr, 16)));
     }
-    for (std::size_t at = 0; (at = text.find('{', at)) != std::string::npos; ++at) {
+    for (std::size_t at = 0;
+         (at = text.find('{', at)) != std::string::npos && text.find('}', at) != std::string::npos; ++at) {
         const std::size_t length = text.find('}', at) + 1 - at;
         const std::string token = text.substr(at, length);
         text.replace(

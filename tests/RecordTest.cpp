@@ -99,50 +99,21 @@ TEST(Assembly, WidensTheMerchantIdentifier) {
 }
 
 TEST(Assembly, MarksPlaceholders) {
-    struct Row {
-        KorvoPayMerchantTLV::Value format;
-        std::string value;
-        bool isPlaceholder;
-        std::optional<std::string> length;
-    };
-    const std::vector<Row> rows{
-        {std::nullopt, "?", true, std::nullopt},
-        {std::nullopt, "?A", true, "10"},
-        {std::nullopt, "?A1", true, "10"},
-        {std::nullopt, "?q", true, "26"},
-        {std::nullopt, "?r", true, std::nullopt},
-        {std::nullopt, "?0", true, "0"},
-        {std::nullopt, "?+", true, std::nullopt},
-        {std::nullopt, "?-", true, std::nullopt},
-        {std::nullopt, "***", false, std::nullopt},
-        {std::nullopt,
-         "?\xCC\x81"
-         "1",
-         false, std::nullopt},
-        {std::nullopt, "?1\xCC\x81", true, std::nullopt},
-        {"01", "***", true, std::nullopt},
-        {"01", "****", false, std::nullopt},
-        {"01", "?5", false, std::nullopt},
-        {"02", "?5", true, std::nullopt},
-        {"02", "***", false, std::nullopt},
-        {"", "?5", true, std::nullopt},
-    };
-    for (const Row& row : rows) {
+    for (const auto& row : readRows("placeholder-values.txt")) {
+        const std::string value = expanded(row.at(1));
+        const bool isPlaceholder = row.at(2) == "yes";
         KorvoPayMerchantTLV holder;
-        holder.payloadFormatIndicator = row.format;
-        holder.primaryID = holder.secondaryID = holder.billNumber = holder.additionalConsumerDataReq =
-            row.value;
+        if (row[0] != "none") {
+            holder.payloadFormatIndicator = row[0] == "empty" ? "" : row[0].c_str();
+        }
+        holder.primaryID = holder.secondaryID = holder.billNumber = value;
         const auto data = assembleQRCodeData(holder);
-        EXPECT_EQ(data->isPrimaryIDMandatory(), row.isPlaceholder) << row.value;
-        EXPECT_EQ(data->isSecondaryIDMandatory(), row.isPlaceholder) << row.value;
-        EXPECT_EQ(data->isBillIDMandatory(), row.isPlaceholder) << row.value;
-        EXPECT_EQ(data->isAdditonalConsumerDataRequestMandatory(), row.isPlaceholder) << row.value;
-        EXPECT_EQ(data->isPurposeMandatory(), false);
-        EXPECT_EQ(data->primaryID().has_value(), !row.isPlaceholder) << row.value;
-        EXPECT_EQ(data->secondaryID().has_value(), !row.isPlaceholder) << row.value;
-        EXPECT_EQ(data->billID(), row.value);
-        EXPECT_EQ(data->primaryIDLength(), row.length) << row.value;
-        EXPECT_EQ(data->secondaryIDLength(), row.length) << row.value;
+        EXPECT_EQ(data->isPrimaryIDMandatory(), isPlaceholder) << row[1];
+        EXPECT_EQ(data->primaryID().has_value(), !isPlaceholder) << row[1];
+        EXPECT_EQ(data->secondaryID().has_value(), !isPlaceholder) << row[1];
+        EXPECT_EQ(data->isBillIDMandatory(), isPlaceholder) << row[1];
+        EXPECT_EQ(data->billID(), value);
+        EXPECT_EQ(data->primaryIDLength().value_or("none"), row.at(3)) << row[1];
     }
 }
 
