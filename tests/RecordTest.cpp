@@ -41,6 +41,8 @@ TEST(Record, IdentifierFlagsTakeTheIdentifierOut) {
     EXPECT_FALSE(data.primaryID());
     data.setIsPrimaryIDMandatory(false);
     EXPECT_FALSE(data.primaryID() || data.isPrimaryIDMandatory());
+    data.setIsSecondaryIDMandatory(false);
+    EXPECT_EQ(data.secondaryID(), "s");
     data.setIsSecondaryIDMandatory(true);
     EXPECT_FALSE(data.secondaryID());
     data.setBillID("b");

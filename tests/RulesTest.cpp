@@ -204,6 +204,14 @@ TEST(Validator, DispatchesByPayloadFormatIndicator) {
     EXPECT_EQ(validator.validatePayMerchantTLV(&holder), missing01);
     EXPECT_EQ(validator.validatePayMerchantTLV00(nullptr), Codes{});
 
+    // The two-digit rules without an indicator, and the rule for a percentage with an empty one.
+    KorvoPayMerchantTLV bare;
+    bare.tipAndFeeIndicator = "03";
+    bare.convenienceFeeAmount = "5";
+    EXPECT_EQ(validator.validatePayMerchantTLV01(&bare), (Codes{"5", "9", "15", "40", "13", "7", "11"}));
+    bare.payloadFormatIndicator = "";
+    EXPECT_EQ(validator.validatePayMerchantTLV01(&bare), (Codes{"41", "5", "9", "15", "13", "7", "11"}));
+
     validator.resetErrorCodes();
     EXPECT_TRUE(validator.validateMerchantID("4111111111111111"));
     for (const char* const id : {"5111111111111118", "412346", "4111111111111112", "412345000001"}) {

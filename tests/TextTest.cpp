@@ -47,6 +47,7 @@ TEST(Text, CutsByUserPerceivedCharacters) {
                                      "1234",
                                      4),
               "");  // a sign that joins what follows
+    EXPECT_FALSE(beginsWith("?\x80", '?'));
     EXPECT_TRUE(beginsWith("?", '?') && !beginsWith("?" + acute, '?') && !beginsWith("", '?') &&
                 !beginsWith("!?", '?'));
     EXPECT_EQ(lowerCased("AbZ[\xC3\x89\xE2\x84\xAA"), "abz[\xC3\xA9k");
@@ -82,7 +83,7 @@ TEST(Text, CharacterSets) {
         EXPECT_TRUE(consistsOfCharactersOf(word, words)) << word;
     }
     EXPECT_FALSE(containsCharacterOf("\n.\x80", words));
-    auto set = CharacterSet::characterSetWithCharactersInString("a\u20AC");
+    auto set = CharacterSet::characterSetWithCharactersInString("a\x80\u20AC");
     EXPECT_TRUE(consistsOfCharactersOf("\u20ACa", set) && !containsCharacterOf("b\u00E8", set));
     EXPECT_TRUE(containsCharacterOf("\u20AC", CharacterSet::unionAlphaNumericCharacterSetWith(set)));
     EXPECT_TRUE(consistsOfCharactersOf("\u20ACaZ", set.formUnionWith(CharacterSet::letterCharacterSet())));
