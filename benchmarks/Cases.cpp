@@ -6,6 +6,7 @@
 #include <KorvoQRParser/Decoding/TextHelpers.h>
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>
 
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -24,9 +25,9 @@ std::string element(unsigned tag, std::string_view value) {
 
 std::string closed(std::string payload) {
     payload += "6304";
-    char checksum[5];
-    std::snprintf(checksum, sizeof checksum, "%04X", static_cast<unsigned>(computeCRC16(payload)));
-    return payload + checksum;
+    std::array<char, 5> checksum{};
+    std::snprintf(checksum.data(), checksum.size(), "%04X", static_cast<unsigned>(computeCRC16(payload)));
+    return payload + checksum.data();
 }
 
 std::string merchant(std::string_view name, std::string_view city) {
@@ -127,7 +128,7 @@ std::vector<Case> makeCases() {
 }
 
 std::size_t sizeOf(const QRCodeParserResponse& response) {
-    return response.qrCodeData() ? response.qrCodeData()->crc().has_value()
+    return response.qrCodeData() ? response.qrCodeData()->cityName()->size()
                                  : response.qrCodeError()->errorCodes().size();
 }
 
@@ -179,14 +180,18 @@ const Case& findCase(const std::string& name) {
 
 Floor::Floor(const Case& accepted) : payload_(accepted.payload) {
     const auto data = QRCodeParser::parseQRData(payload_).qrCodeData();
-#define KORVO_TEXT(name, Name)                                      \
-    if (data->name()) {                                             \
-        texts_.emplace_back(&QRCodeData::set##Name, *data->name()); \
-    }
-#define KORVO_FLAG(name, Name)                       \
-    if (data->name()) {                              \
-        flags_.emplace_back(&QRCodeData::set##Name); \
-    }
+    const auto addText = [this](TextSetter setter, const std::optional<std::string>& value) {
+        if (value) {
+            texts_.emplace_back(setter, *value);
+        }
+    };
+    const auto addFlag = [this](FlagSetter setter, bool value) {
+        if (value) {
+            flags_.push_back(setter);
+        }
+    };
+#define KORVO_TEXT(name, Name) addText(&QRCodeData::set##Name, data->name());
+#define KORVO_FLAG(name, Name) addFlag(&QRCodeData::set##Name, data->name());
     KORVO_VALUE_PROPERTIES(KORVO_TEXT)
     KORVO_LENGTH_PROPERTIES(KORVO_TEXT)
     KORVO_IDENTIFIER_FLAG_PROPERTIES(KORVO_FLAG)
@@ -205,7 +210,7 @@ std::size_t Floor::run() const {
     for (const FlagSetter setter : flags_) {
         ((*data).*setter)(true);
     }
-    return result + data->crc().has_value();
+    return result + data->cityName()->size();
 }
 
 std::vector<Work> allWork() {

@@ -34,10 +34,10 @@ const CompiledPattern& compile(std::string_view pattern) {
 }
 
 // What a digit of any radix up to 36 stands for; 36 for what is no digit.
-constexpr std::array<std::int8_t, 256> digitValues = [] {
-    std::array<std::int8_t, 256> values{};
+constexpr std::array<std::uint8_t, 256> digitValues = [] {
+    std::array<std::uint8_t, 256> values{};
     values.fill(36);
-    for (std::int8_t i = 0; i < 36; ++i) {
+    for (std::uint8_t i = 0; i < 36; ++i) {
         if (i < 10) {
             values[static_cast<std::size_t>('0' + i)] = i;
         } else {

@@ -97,6 +97,12 @@ constexpr std::array mandatoryFlags{
 };
 // clang-format on
 
+void copyIfPresent(const TLV::Value& value, QRCodeDataFiller& filler, QRCodeDataFiller::TextIndex property) {
+    if (value) {
+        filler.set(property, value->text());
+    }
+}
+
 // The length that a placeholder identifier announces, in decimal: its second character as a base-27 digit.
 std::optional<std::string> announcedLength(const TLV::Value& identifier) {
     if (!identifier || !beginsWith(*identifier, '?')) {
@@ -129,10 +135,7 @@ std::string merchantPANFromMerchantID(const CountedText& merchantID) {
 std::shared_ptr<QRCodeData> assembleQRCodeData(const KorvoPayMerchantTLV& holder) {
     auto data = std::make_shared<QRCodeData>();
     QRCodeDataFiller filler(*data);
-#define KORVO_COPY(field, property)                                   \
-    if (holder.field) {                                               \
-        filler.set(QRCodeDataFiller::property, holder.field->text()); \
-    }
+#define KORVO_COPY(field, property) copyIfPresent(holder.field, filler, QRCodeDataFiller::property);
     KORVO_COPIED_FIELDS(KORVO_COPY)
 #undef KORVO_COPY
     if (holder.korvoMerchantID) {
