@@ -78,6 +78,9 @@ constexpr std::array<Field, 12> tlv00Fields{
 
 }  // namespace
 
+// Defined here, as the compiler otherwise clears all of every field and not only what says that it is absent.
+KorvoPayMerchantTLV::KorvoPayMerchantTLV() noexcept {}  // NOLINT(modernize-use-equals-default)
+
 void KorvoPayMerchantTLV::store(PayMerchantValidTLV01 tag, const CountedText& value) {
     const auto position = static_cast<std::size_t>(tag);
     if (tag == PayMerchantValidTLV01::TipAndFeeIndicator) {

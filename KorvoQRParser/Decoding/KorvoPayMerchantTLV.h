@@ -15,6 +15,9 @@ class KorvoPayMerchantTLV final : public TLVDecodingProtocol {
   public:
     using Value = std::optional<CountedText>;
 
+    /// Every field absent.
+    KorvoPayMerchantTLV() noexcept;
+
     Value korvoMerchantID;
     Value merchantName;
     Value merchantCategoryCode;
