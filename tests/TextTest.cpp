@@ -31,6 +31,14 @@ TEST(Text, CutsByUserPerceivedCharacters) {
     const std::string text = "a" + acute + "b\r\nc";
     EXPECT_EQ(characterCount(text), 4U);
     EXPECT_EQ(characterCount(""), 0U);
+    CharacterReader retried(std::string_view("\u00E9aaaa"));
+    EXPECT_FALSE(retried.take(10));
+    EXPECT_EQ(retried.take(3), "\u00E9aa");  // a take that failed has taken nothing
+    std::string hangul;
+    while (hangul.size() < 300000) {
+        hangul += "\uAC00";
+    }
+    EXPECT_EQ(characterCount(hangul), 100000U);  // in no time, unless each character looks through all
     EXPECT_EQ(substringFromOffset(0, text), "a" + acute);
     EXPECT_EQ(substringFromOffset(2, text), "\r\n");
     EXPECT_EQ(substringFromOffset(3, text), "c");

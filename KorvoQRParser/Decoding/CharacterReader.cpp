@@ -176,6 +176,7 @@ void CharacterReader::findPlainRun(std::size_t from) noexcept {
 
 // Takes `count` characters, of which at least one lies behind the plain run; false when there are fewer.
 bool CharacterReader::skip(std::size_t count) {
+    const std::size_t plainEndBefore = plainEnd_;
     std::size_t end = offset_;
     while (count > 0 && end < text_.size()) {
         if (end >= plainEnd_ && isPlain(text_[end])) {
@@ -193,15 +194,19 @@ bool CharacterReader::skip(std::size_t count) {
             --count;
             continue;
         }
-        const std::size_t stretchEnd = endOfStretch(text_, end);
+        if (stretchEnd_ <= end) {
+            const std::size_t stretchEnd = endOfStretch(text_, end);
+            stretchEnd_ = stretchEnd == noText ? 0 : stretchEnd;
+        }
         const std::size_t cut =
-            stretchEnd == noText ? noText : cutStretch(text_.substr(end, stretchEnd - end), count);
+            stretchEnd_ == 0 ? noText : cutStretch(text_.substr(end, stretchEnd_ - end), count);
         if (cut == noText) {
-            return false;
+            break;
         }
         end += cut;
     }
     if (count > 0) {
+        plainEnd_ = plainEndBefore;
         return false;
     }
     offset_ = end;

@@ -66,6 +66,8 @@ class CharacterReader {
     std::size_t offset_ = 0;
     // From the offset to here, each byte is one character.
     std::size_t plainEnd_ = 0;
+    // Where the stretch ends that the Unicode library is cutting, so that it is looked for only once.
+    std::size_t stretchEnd_ = 0;
 };
 
 /// Calls `use` with each character of the text, from left to right.
