@@ -22,10 +22,14 @@ class KORVO_EXPORT QRCodeParserResponse {
     QRCodeParserResponse(std::shared_ptr<QRCodeData> qrCodeData, std::shared_ptr<QRCodeError> qrCodeError);
 
     /// The accepted payload's record; null when the payload was refused.
-    const std::shared_ptr<QRCodeData>& qrCodeData() const noexcept;
+    const std::shared_ptr<QRCodeData>& qrCodeData() const& noexcept;
+    /// The same from a response that is about to end, which gives its reference away.
+    std::shared_ptr<QRCodeData> qrCodeData() && noexcept;
 
     /// The refused payload's error; null when the payload was accepted.
-    const std::shared_ptr<QRCodeError>& qrCodeError() const noexcept;
+    const std::shared_ptr<QRCodeError>& qrCodeError() const& noexcept;
+    /// The same from a response that is about to end, which gives its reference away.
+    std::shared_ptr<QRCodeError> qrCodeError() && noexcept;
 
   private:
     std::shared_ptr<QRCodeData> qrCodeData_;
