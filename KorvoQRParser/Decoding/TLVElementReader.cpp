@@ -24,6 +24,7 @@ int seenTagBit(std::string_view tag) {
 std::optional<TLVDecodingError> TLVElementReader::next(TLVElement& element) {
     const auto tag = characters_.take(format_.fieldWidth);
     if (!tag) {
+        element = {};
         return TLVDecodingError::InvalidTagLength;
     }
     element = {*tag, {}, {}};

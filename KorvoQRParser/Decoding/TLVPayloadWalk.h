@@ -16,7 +16,8 @@ namespace korvo {
 /// Why and where a walk ended early.
 struct TLVFault {
     TLVDecodingError error;
-    TLVFormat format;       ///< of the level that the fault is on
+    TLVFormat format;             ///< of the level that the fault is on
+    bool isInsideAdditionalData;  ///< whether that level is inside tag 62
     TLVElement element;     ///< what was read of the element at fault; the parts behind the fault are empty
     std::string_view rest;  ///< what was not read, from the part that is wrong to the end of its level
 };
@@ -48,7 +49,7 @@ class TLVPayloadWalk {
     Result walk(const CharacterReader& payload) {
         const auto twoDigit = isTwoDigit(payload);
         if (!twoDigit) {
-            return stop({TLVDecodingError::InvalidLength, oneCharacterFormat, {}, payload.rest()});
+            return stop({TLVDecodingError::InvalidLength, oneCharacterFormat, false, {}, payload.rest()});
         }
         return *twoDigit ? walkTwoDigitElements(payload) : walkOneCharacterElements(payload);
     }
@@ -59,11 +60,11 @@ class TLVPayloadWalk {
         std::optional<PayMerchantValidTLV01> tag;
         while (!elements.atEnd()) {
             if (const auto error = elements.next(element)) {
-                return stop({*error, twoDigitFormat, element, elements.rest()});
+                return stop({*error, twoDigitFormat, false, element, elements.rest()});
             }
             tag = payMerchantValidTLV01(element.tag);
             if (!tag) {
-                return stop({TLVDecodingError::InvalidTag, twoDigitFormat, element, elements.rest()});
+                return stop({TLVDecodingError::InvalidTag, twoDigitFormat, false, element, elements.rest()});
             }
             visitor_.visit(*tag, element);
             if (*tag == PayMerchantValidTLV01::AdditionalDataField) {
@@ -73,31 +74,34 @@ class TLVPayloadWalk {
             }
         }
         if (tag != PayMerchantValidTLV01::CRC) {
-            return stop({TLVDecodingError::InvalidTag, twoDigitFormat, element, elements.rest()});
+            return stop({TLVDecodingError::InvalidTag, twoDigitFormat, false, element, elements.rest()});
         }
         return std::nullopt;
     }
 
     Result walkOneCharacterElements(const CharacterReader& payload) {
-        return walkFlatElements<payMerchantValidTLV00InEitherCase>(payload, oneCharacterFormat);
+        return walkFlatElements<payMerchantValidTLV00InEitherCase>(payload, oneCharacterFormat, false);
     }
 
   private:
     Result walkAdditionalDataField(const CountedText& value) {
-        return walkFlatElements<pmValidTLV01AdditionalDataField>(CharacterReader(value), twoDigitFormat);
+        return walkFlatElements<pmValidTLV01AdditionalDataField>(CharacterReader(value), twoDigitFormat,
+                                                                 true);
     }
 
     template <auto findTag>
-    Result walkFlatElements(const CharacterReader& text, const TLVFormat& format) {
+    Result walkFlatElements(const CharacterReader& text, const TLVFormat& format,
+                            bool isInsideAdditionalData) {
         TLVElementReader elements(text, format);
         TLVElement element;
         while (!elements.atEnd()) {
             if (const auto error = elements.next(element)) {
-                return stop({*error, format, element, elements.rest()});
+                return stop({*error, format, isInsideAdditionalData, element, elements.rest()});
             }
             const auto tag = findTag(element.tag);
             if (!tag) {
-                return stop({TLVDecodingError::InvalidTag, format, element, elements.rest()});
+                return stop(
+                    {TLVDecodingError::InvalidTag, format, isInsideAdditionalData, element, elements.rest()});
             }
             visitor_.visit(*tag, element);
         }
