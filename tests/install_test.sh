@@ -41,7 +41,7 @@ done
 
 echo "the names of the shared library"
 library=$prefix/lib/libKorvoQRParser.so
-readelf -d "$library" | grep -q "SONAME.*\[libKorvoQRParser.so.${version%%.*}\]"
+grep -q "SONAME.*\[libKorvoQRParser.so.${version%%.*}\]" <(readelf -d "$library")
 [[ $(readlink -f "$library") == */libKorvoQRParser.so.$version ]]
 
 accepted=$(cat "$tests/data/full.payload")
@@ -51,11 +51,11 @@ uses() {
     [[ $("$@" "$accepted" | head -1) == "${version%%.*} "*"PROGRAM:KorvoQRParser  PROJECT:KorvoSDK-${version%%.*}" ]]
     [[ $("$@" "${accepted/02104/02105}" | tail -1) == "1 3 48 " ]]
     "$@" "$accepted" | tail -n +3 | diff "$work/record" -
-    "$@" "$accepted" | grep -q "both forms"
+    grep -q "both forms" <("$@" "$accepted")
 }
 # needs PROGRAM LIBRARY
 needs() {
-    readelf -d "$1" | grep -q "NEEDED.*\[$2"
+    grep -q "NEEDED.*\[$2" <(readelf -d "$1")
 }
 # configure FOLDER [OPTION...]
 configure() {
@@ -81,7 +81,7 @@ refuses() {
     local why=$1
     shift
     not configure "$work/refused" -D WAY=package "$@" > "$work/log" 2>&1
-    tr -s '\n ' ' ' < "$work/log" | grep -q "$why"
+    grep -q "$why" <(tr -s '\n ' ' ' < "$work/log")
     rm -rf "$work/refused"
 }
 echo "find_package, refused"

@@ -24,10 +24,10 @@ echo "dependencies: what the programs are linked to, and ICU for who links the s
 needed=$(readelf -d "$build"/KorvoQRParser/libKorvoQRParser.so | sed -n 's/.*NEEDED.*\[\(lib.*\)\]/\1/p')
 for library in $needed; do
     owner=$(dpkg-query --search "*/$library" | sed -n '1s/:.*//p')
-    field "$runtime" Depends | tr ',' '\n' | sed 's/(.*//; s/ //g' | grep -qxF "$owner"
+    grep -qxF "$owner" <(field "$runtime" Depends | tr ',' '\n' | sed 's/(.*//; s/ //g')
 done
-field "$development" Depends | grep -qF "korvoqrparser (= $version)"
-field "$development" Depends | grep -qF libicu-dev
+grep -qF "korvoqrparser (= $version)" <(field "$development" Depends)
+grep -qF libicu-dev <(field "$development" Depends)
 
 echo "what is in which"
 files() {
@@ -52,7 +52,7 @@ install() {
 }
 not install --install "$development"  # without the other
 install --install "$runtime" "$development" || { cat "$work/log"; exit 1; }
-/sbin/ldconfig -r "$root" -p | grep -q "libKorvoQRParser.so.${version%%.*}"
+grep -q "libKorvoQRParser.so.${version%%.*}" <(/sbin/ldconfig -r "$root" -p)
 
 echo "the tool, and a program that finds the library in the root"
 accepted=$(cat "$data/full.payload")
@@ -61,7 +61,7 @@ PKG_CONFIG_PATH=$root/usr/lib/pkgconfig
 export PKG_CONFIG_PATH
 # shellcheck disable=SC2046
 c++ -std=c++17 "$1/examples/pay.cpp" -o "$work/pay" $(pkg-config --cflags --libs korvoqrparser)
-LD_LIBRARY_PATH=$root/usr/lib "$work/pay" "$accepted" | grep -q "^Pay 12. to r59"
+grep -q "^Pay 12. to r59" <(LD_LIBRARY_PATH=$root/usr/lib "$work/pay" "$accepted")
 
 echo "removal"
 install --remove korvoqrparser-dev korvoqrparser || { cat "$work/log"; exit 1; }

@@ -14,8 +14,9 @@ namespace korvo {
 /// Every response that QRCodeParser makes holds exactly one of the two. The class itself stores whatever it
 /// is given, both or neither included. Copies share the record and the error. There is no default
 /// constructor, and responses are not compared or printed; their contents are. What the two operations return
-/// is a reference into the response: copy the pointer to keep the record longer. Any number of threads may
-/// read one object.
+/// is a reference into the response: copy the pointer to keep the record longer, and keep the response itself
+/// in a variable, as a reference into one that parseQRData has just returned dangles at the semicolon. Any
+/// number of threads may read one object.
 class KORVO_EXPORT QRCodeParserResponse {
   public:
     /// Keeps both references as given; null means absent.

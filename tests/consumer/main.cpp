@@ -3,7 +3,7 @@
 #include <iostream>
 
 // Parses its argument in both forms, and prints what a caller sees of it, the library's version first.
-int main(int, char** argv) {
+int main(int /*argc*/, char** argv) {
     std::cout << KorvoQRParserVersionNumber << ' ' << KorvoQRParserVersionString;
     const auto response = korvo::QRCodeParser::parseQRData(argv[1]);
     korvo::QRCodeParser::parseQRData(argv[1], [&](std::optional<korvo::QRCodeParserResponse> other) {
