@@ -23,7 +23,7 @@ field() {
 echo "dependencies: what the programs are linked to, and ICU for who links the static library"
 needed=$(readelf -d "$build"/KorvoQRParser/libKorvoQRParser.so | sed -n 's/.*NEEDED.*\[\(lib.*\)\]/\1/p')
 for library in $needed; do
-    owner=$(dpkg-query --search "*/$library" | sed -n '1s/:.*//p')
+    owner=$(dpkg-query --search "*/$(dpkg-architecture -qDEB_HOST_MULTIARCH)/$library" | sed -n '1s/:.*//p')
     grep -qxF "$owner" <(field "$runtime" Depends | tr ',' '\n' | sed 's/(.*//; s/ //g')
 done
 grep -qF "korvoqrparser (= $version)" <(field "$development" Depends)
@@ -33,7 +33,7 @@ echo "what is in which"
 files() {
     dpkg-deb -c "$1" | awk '$1 !~ /^d/ { print $6 }' | LC_ALL=C sort
 }
-[[ $(files "$runtime" | grep lib/ | tr '\n' ' ') == "./usr/lib/libKorvoQRParser.so.${version%%.*} ./usr/lib/libKorvoQRParser.so.$version " ]]
+[[ $(files "$runtime" | grep lib/libKorvoQRParser.so | tr '\n' ' ') == "./usr/lib/libKorvoQRParser.so.${version%%.*} ./usr/lib/libKorvoQRParser.so.$version " ]]
 not grep -qvE '^\./usr/(include/|lib/(cmake|pkgconfig)/|lib/lib[A-Za-z]+\.(a|so)$)' <(files "$development")
 [[ -z $(comm -12 <(files "$runtime") <(files "$development")) ]]
 
