@@ -18,9 +18,17 @@ prefix=$work/later/place
 echo "no file knows where it was built or first installed"
 not grep -rlF -e "$work/first" -e "$source/" -e "$build/" "$prefix"
 
-# interface: the installed headers, and what the shared library exports
+# interface: the installed headers, the sizes that callers have compiled in, and what the shared library exports
 interface() {
     (cd "$prefix/include" && find KorvoQRParser -type f | LC_ALL=C sort)
+    {
+        printf '#include <%s>\n' cstdio KorvoQRParser/KorvoQRParser.h
+        echo 'int main() {'
+        printf 'std::printf("%%zu bytes: %s\\n", sizeof(korvo::%s));\n' QRCodeData{,} QRCodeError{,} QRCodeParserResponse{,}
+        echo '}'
+    } > "$work/sizes.cpp"
+    "$compiler" -std=c++17 -I "$prefix/include" "$work/sizes.cpp" -o "$work/sizes"
+    "$work/sizes"
     nm -D --defined-only "$prefix/lib/libKorvoQRParser.so" | awk '{ print $3 }' | c++filt |
         sed -E 's/std::__cxx11::basic_string<char, std::char_traits<char>, std::allocator<char> ?>/std::string/g
                 s/std::basic_string_view<char, std::char_traits<char> ?>/std::string_view/g
