@@ -73,5 +73,12 @@ echo "every function of ICU that the library asks for"
 for function in $(nm -D --undefined-only "$build/KorvoQRParser/libKorvoQRParser.so" | sed -n 's/.* \(u[a-z]*_[A-Za-z0-9]*\)_[0-9]*$/\1/p'); do
     grep -qF "\`$function\`" "$source/docs/porting.md" || { echo "FAILED: docs/porting.md lacks $function"; exit 1; }
 done
+echo "the arrows between the rooms"
+for arrow in "Decoding Parser|Validation|Model" "Model Parser|Validation|Decoding/(?!CharacterReader)" "Validation Parser|Model"; do
+    if grep -rnP "#include <KorvoQRParser/(${arrow#* })" "$source/KorvoQRParser/${arrow%% *}"; then
+        echo "FAILED: ${arrow%% *} must not know these"
+        exit 1
+    fi
+done
 echo "the version"
 [[ $(grep -m 1 '^## ' "$source/CHANGELOG.md") == "## $version" ]]

@@ -23,10 +23,10 @@ namespace korvo {
 /// character, no checksum. Lengths count user-perceived characters (extended grapheme clusters, UAX #29), not
 /// bytes.
 ///
-/// Both operations may be called from any number of threads at once, and no thread sees anything of another's
-/// payload; call neither from destructors of global objects. Nothing needs to be set up before the first call
-/// or released after the last. Nothing is thrown, except std::bad_alloc and what a completion handler throws
-/// itself.
+/// Both operations may be called from any number of threads at once, up to the last destructor of the
+/// process, and no thread sees anything of another's payload. Nothing needs to be set up before the first
+/// call or released after the last. Nothing is thrown, except std::bad_alloc and what a completion handler
+/// throws itself.
 class KORVO_EXPORT QRCodeParser {
   public:
     /// Reads one payload. The response holds the record when every rule is kept, otherwise the error with the
