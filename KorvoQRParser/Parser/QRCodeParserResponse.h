@@ -14,8 +14,8 @@ namespace korvo {
 /// Every response that QRCodeParser makes holds exactly one of the two. The class itself stores whatever it
 /// is given, both or neither included. Copies share the record and the error. There is no default
 /// constructor, and responses are not compared or printed; their contents are. What the two operations return
-/// is a reference into the response: copy the pointer to keep the record longer. Any number of threads may
-/// read one object.
+/// is a reference into the response, or the pointer itself where the response is a temporary one: copy the
+/// pointer to keep the record longer. Any number of threads may read one object.
 class KORVO_EXPORT QRCodeParserResponse {
   public:
     /// Keeps both references as given; null means absent.
