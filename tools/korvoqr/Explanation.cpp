@@ -193,7 +193,7 @@ class FaultReader {
         const auto& [error, format, isInside, element, rest] = fault_;
         if (length >= format.minimumLength) {
             reason_ = "length " + visible(element.length) + " announced";
-            if (format.fieldWidth == 1) {
+            if (length > 9 && format.fieldWidth == 1) {
                 reason_ += " (" + std::to_string(length) + ')';
             }
             reason_ += ", " + counted(left_, "character") + " left";

@@ -27,7 +27,7 @@ class Page {
         if (!explanation_.absent.empty()) {
             text_ += "\nElements that are not there:\n";
             for (const auto* const entry : explanation_.absent) {
-                addViolation(*entry, 0);
+                addViolation(*entry, 2);
             }
         }
         if (explanation_.fault) {
@@ -43,7 +43,7 @@ class Page {
             text_ += painted(style_, Paint::good, "Accepted");
         } else if (explanation_.fault) {
             text_ += painted(style_, Paint::fault,
-                             "Refused with code 0: the payload cannot be split into elements");
+                             "Refused with code 0: it cannot be split into elements");
         } else {
             text_ += painted(
                 style_, Paint::fault,

@@ -44,7 +44,7 @@ class Progress {
 
     std::uint64_t size_;
     Clock::time_point begin_ = Clock::now();
-    Clock::time_point shown_ = begin_;
+    Clock::time_point shown_{};
     bool isShown_ = false;
 };
 
