@@ -79,6 +79,7 @@ static void readsPayloadsInBothForms(void) {
     for (NSString *payload in [NSArray arrayWithObjects:full, rejected, @"", @"00", nil]) {
         QRCodeParserResponse *response = [QRCodeParser parseQRDataWithQrCodeString:payload];
         __block int calls = 0;
+        const int *const onStack = &calls;
         NSThread *thread = [NSThread currentThread];
         [QRCodeParser parseQRDataWithQrCodeString:payload
                                 completionHandler:^(QRCodeParserResponse *_Nullable answer) {
@@ -90,6 +91,7 @@ static void readsPayloadsInBothForms(void) {
                                     EXPECT_EQUAL(codesOf(@""), [NSArray arrayWithObject:@"0"]);
                                 }];
         EXPECT(calls == 1);
+        EXPECT(&calls != onStack);  // copying a block moves its variables
         EXPECT((response.qrCodeData == nil) != (response.qrCodeError == nil));
         EXPECT(response.qrCodeData == response.qrCodeData);
     }
