@@ -1,7 +1,6 @@
 #include "Objects.h"
 #include "Ownership.h"
 #include "Text.h"
-
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>
 
 #include <utility>
@@ -28,24 +27,23 @@ struct KorvoQRCodeDataStorage {
     KORVO_SUPER_DEALLOC;
 }
 
-- (NSString *)jsonOutput {
+- (NSString*)jsonOutput {
     return stringFromText(_storage->record->jsonOutput());
 }
 
-- (NSString *)description {
+- (NSString*)description {
     return stringFromText(_storage->record->description());
 }
 
-#define KORVO_TEXT(name, Name)                                                                    \
-    -(NSString *)name {                                                                           \
-        const auto &text = _storage->record->name();                                              \
-        return text ? stringFromText(*text) : nil;                                                \
-    }                                                                                             \
-    -(void)set##Name : (NSString *)value {                                                        \
-        _storage->record->set##Name(                                                              \
-            value == nil                                                                          \
-                ? std::nullopt                                                                    \
-                : std::optional(textFromString(value, korvo::objectivec::replacementCharacter))); \
+#define KORVO_TEXT(name, Name)                                                                             \
+    -(NSString*)name {                                                                                     \
+        const auto& text = _storage->record->name();                                                       \
+        return text ? stringFromText(*text) : nil;                                                         \
+    }                                                                                                      \
+    -(void)set##Name : (NSString*)value {                                                                  \
+        _storage->record->set##Name(                                                                       \
+            value == nil ? std::nullopt                                                                    \
+                         : std::optional(textFromString(value, korvo::objectivec::replacementCharacter))); \
     }
 #define KORVO_FLAG(name, Name)                    \
     -(BOOL)name {                                 \
@@ -63,11 +61,11 @@ KORVO_ADDITIONAL_DATA_FLAG_PROPERTIES(KORVO_FLAG)
 #undef KORVO_FLAG
 #undef KORVO_TEXT
 
-QRCodeData *korvo::objectivec::newQRCodeData(std::shared_ptr<korvo::QRCodeData> record) {
+QRCodeData* korvo::objectivec::newQRCodeData(std::shared_ptr<korvo::QRCodeData> record) {
     if (record == nullptr) {
         return nil;
     }
-    ::QRCodeData *data = [[::QRCodeData alloc] init];
+    ::QRCodeData* data = [[::QRCodeData alloc] init];
     data->_storage->record = std::move(record);
     return data;
 }

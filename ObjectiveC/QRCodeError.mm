@@ -12,7 +12,7 @@ struct KorvoQRCodeErrorStorage {
 
 namespace {
 
-std::vector<std::string> codesFromArray(NSArray<NSString *> *array) {
+std::vector<std::string> codesFromArray(NSArray<NSString*>* array) {
     std::vector<std::string> codes;
     const NSUInteger count = [array count];
     codes.reserve(count);
@@ -31,7 +31,7 @@ std::vector<std::string> codesFromArray(NSArray<NSString *> *array) {
     korvo::objectivec::stopAtInit("QRCodeError", "initWithErrorCodes:");
 }
 
-- (instancetype)initWithErrorCodes:(NSArray<NSString *> *)errorCodes {
+- (instancetype)initWithErrorCodes:(NSArray<NSString*>*)errorCodes {
     self = [super init];
     if (self != nil) {
         _storage =
@@ -45,31 +45,31 @@ std::vector<std::string> codesFromArray(NSArray<NSString *> *array) {
     KORVO_SUPER_DEALLOC;
 }
 
-- (NSArray<NSString *> *)errorCodes {
-    const auto &codes = _storage->error->errorCodes();
-    NSMutableArray<NSString *> *array = [[NSMutableArray alloc] initWithCapacity:codes.size()];
-    for (const std::string &code : codes) {
-        NSString *string = korvo::objectivec::newStringFromText(code);
+- (NSArray<NSString*>*)errorCodes {
+    const auto& codes = _storage->error->errorCodes();
+    NSMutableArray<NSString*>* array = [[NSMutableArray alloc] initWithCapacity:codes.size()];
+    for (const std::string& code : codes) {
+        NSString* string = korvo::objectivec::newStringFromText(code);
         [array addObject:string];
         KORVO_RELEASE(string);
     }
     return KORVO_AUTORELEASE(array);
 }
 
-- (void)setErrorCodes:(NSArray<NSString *> *)errorCodes {
+- (void)setErrorCodes:(NSArray<NSString*>*)errorCodes {
     _storage->error->setErrorCodes(codesFromArray(errorCodes));
 }
 
-- (NSString *)description {
+- (NSString*)description {
     return korvo::objectivec::stringFromText(_storage->error->description());
 }
 
-QRCodeError *korvo::objectivec::newQRCodeError(std::shared_ptr<korvo::QRCodeError> error) {
+QRCodeError* korvo::objectivec::newQRCodeError(std::shared_ptr<korvo::QRCodeError> error) {
     if (error == nullptr) {
         return nil;
     }
-    NSArray<NSString *> *none = [[NSArray alloc] init];
-    ::QRCodeError *object = [[::QRCodeError alloc] initWithErrorCodes:none];
+    NSArray<NSString*>* none = [[NSArray alloc] init];
+    ::QRCodeError* object = [[::QRCodeError alloc] initWithErrorCodes:none];
     KORVO_RELEASE(none);
     object->_storage->error = std::move(error);
     return object;

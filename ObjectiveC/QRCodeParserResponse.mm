@@ -1,7 +1,6 @@
-#import <KorvoQRParser/ObjectiveC/QRCodeParserResponse.h>
-
 #include "Ownership.h"
 #include "Text.h"
+#import <KorvoQRParser/ObjectiveC/QRCodeParserResponse.h>
 
 @implementation QRCodeParserResponse
 
@@ -9,7 +8,7 @@
     korvo::objectivec::stopAtInit("QRCodeParserResponse", "initWithQrCodeData:qrCodeError:");
 }
 
-- (instancetype)initWithQrCodeData:(QRCodeData *)qrCodeData qrCodeError:(QRCodeError *)qrCodeError {
+- (instancetype)initWithQrCodeData:(QRCodeData*)qrCodeData qrCodeError:(QRCodeError*)qrCodeError {
     self = [super init];
     if (self != nil) {
         _qrCodeData = KORVO_RETAIN(qrCodeData);
@@ -24,11 +23,11 @@
     KORVO_SUPER_DEALLOC;
 }
 
-- (QRCodeData *)qrCodeData {
+- (QRCodeData*)qrCodeData {
     return _qrCodeData;
 }
 
-- (QRCodeError *)qrCodeError {
+- (QRCodeError*)qrCodeError {
     return _qrCodeError;
 }
 

@@ -46,8 +46,8 @@ void appendUTF16LittleEndian(std::vector<unsigned char>& bytes, char32_t unit) {
 
 }  // namespace
 
-// By code units and not by -UTF8String and its kin: those stop at a NUL, or answer a lone surrogate with null on
-// one Foundation and with an exception on another.
+// By code units and not by -UTF8String and its kin: those stop at a NUL, or answer a lone surrogate with null
+// on one Foundation and with an exception on another.
 std::string textFromString(NSString* string, std::string_view loneSurrogate) {
     std::vector<unichar> units(static_cast<std::size_t>([string length]));
     if (units.empty()) {
@@ -70,8 +70,8 @@ std::string textFromString(NSString* string, std::string_view loneSurrogate) {
     return text;
 }
 
-// The byte order is named because GNUstep takes a U+FEFF or U+FFFE at the start of UTF-8, or of UTF-16 without a
-// named order, as a mark: it drops the character and may swap all others' bytes.
+// The byte order is named because GNUstep takes a U+FEFF or U+FFFE at the start of UTF-8, or of UTF-16
+// without a named order, as a mark: it drops the character and may swap all others' bytes.
 NSString* newStringFromText(std::string_view text) {
     std::vector<unsigned char> bytes;
     bytes.reserve(2 * text.size());

@@ -2,10 +2,10 @@
 
 #include <stdio.h>
 
-int main(int argc, char **argv) {
+int main(int argc, char** argv) {
     @autoreleasepool {
-        NSString *payload = argc > 1 ? [NSString stringWithUTF8String:argv[1]] : @"";
-        QRCodeParserResponse *response = [QRCodeParser parseQRDataWithQrCodeString:payload];
+        NSString* payload = argc > 1 ? [NSString stringWithUTF8String:argv[1]] : @"";
+        QRCodeParserResponse* response = [QRCodeParser parseQRDataWithQrCodeString:payload];
         if (response.qrCodeData == nil) {
             fprintf(stderr, "Refused, codes %s\n", response.qrCodeError.description.UTF8String);
             return 1;

@@ -24,8 +24,8 @@
 ///
 /// Texts go in and come out whole, NUL and characters beyond the Basic Multilingual Plane included. Only a
 /// surrogate without its other half is no text: in a payload it makes the payload malformed; in a property or
-/// an error code U+FFFD takes its place. Objects that an operation returns are autoreleased, as usual; the form
-/// with a completion handler leaves none behind, so it suits threads that have no autorelease pool.
+/// an error code U+FFFD takes its place. Objects that an operation returns are autoreleased, as usual; the
+/// form with a completion handler leaves none behind, so it suits threads that have no autorelease pool.
 
 #import <KorvoQRParser/KorvoQRParserVersion.h>
 #import <KorvoQRParser/ObjectiveC/QRCodeData.h>

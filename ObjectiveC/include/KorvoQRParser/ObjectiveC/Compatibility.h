@@ -1,8 +1,8 @@
 #ifndef KORVOQRPARSER_OBJECTIVEC_COMPATIBILITY_H
 #define KORVOQRPARSER_OBJECTIVEC_COMPATIBILITY_H
 
-/// What compilers differ in, for the other headers here and not for callers. GCC reads neither nullability nor
-/// generics, and has no blocks.
+/// What compilers differ in, for the other headers here and not for callers. GCC reads neither nullability
+/// nor generics, and has no blocks.
 
 #import <Foundation/Foundation.h>
 

@@ -15,23 +15,23 @@ NS_ASSUME_NONNULL_BEGIN
 KORVO_EXPORT
 @interface QRCodeError : NSObject {
   @private
-    struct KorvoQRCodeErrorStorage *_storage;
+    struct KorvoQRCodeErrorStorage* _storage;
 }
 
 /// Takes a copy of the codes; an empty list is kept as an empty list, and nil is taken as one.
-- (instancetype)initWithErrorCodes:(KORVO_ARRAY_OF(NSString *) *)errorCodes NS_DESIGNATED_INITIALIZER;
+- (instancetype)initWithErrorCodes:(KORVO_ARRAY_OF(NSString*) *)errorCodes NS_DESIGNATED_INITIALIZER;
 
 /// An error without a list means nothing: -init stops the program with a line on standard error.
 - (instancetype)init KORVO_UNAVAILABLE;
 + (instancetype)new KORVO_UNAVAILABLE;
 
-/// The codes, in the order in which the rules raised them. Reading makes a new array, which no later change of
-/// the error reaches; setting replaces the whole list with a copy.
-@property (nonatomic, copy) KORVO_ARRAY_OF(NSString *) *errorCodes;
+/// The codes, in the order in which the rules raised them. Reading makes a new array, which no later change
+/// of the error reaches; setting replaces the whole list with a copy.
+@property(nonatomic, copy) KORVO_ARRAY_OF(NSString*) * errorCodes;
 
-/// The codes as one line of text: each code followed by one blank, the last one too ("41 48 "); the empty text
-/// for an empty list. Made anew on every call.
-- (NSString *)description;
+/// The codes as one line of text: each code followed by one blank, the last one too ("41 48 "); the empty
+/// text for an empty list. Made anew on every call.
+- (NSString*)description;
 
 @end
 
