@@ -1,11 +1,15 @@
 #ifndef KORVOQRPARSER_KORVOQRPARSER_H
 #define KORVOQRPARSER_KORVOQRPARSER_H
 
+/// @file
+/// The one header to include.
+
+/// @mainpage
 /// KorvoQRParser reads the text of a merchant-presented payment QR code: it splits the text into
 /// tag-length-value elements, checks every element against the scheme's rules, and answers with the
 /// merchant's record or with the codes of all the rules that the text violates.
 ///
-/// This is the one header to include:
+/// KorvoQRParser/KorvoQRParser.h is the one header to include:
 ///
 ///     const auto response = korvo::QRCodeParser::parseQRData(scannedText);
 ///     if (response.qrCodeData()) {
@@ -24,5 +28,8 @@
 #include <KorvoQRParser/Parser/QRCodeParser.h>
 #include <KorvoQRParser/Parser/QRCodeParserResponse.h>
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
+
+/// The library as C++ programs see it.
+namespace korvo {}
 
 #endif

@@ -1,6 +1,9 @@
 #ifndef KORVOQRPARSER_KORVOQRPARSERVERSION_H
 #define KORVOQRPARSER_KORVOQRPARSERVERSION_H
 
+/// @file
+/// The library's version, for C++, C and Objective-C.
+
 #include <KorvoQRParser/KorvoQRParserExport.h>
 
 #ifdef __cplusplus

@@ -28,6 +28,8 @@ TEST(Hostile, HugeTextsAreAnsweredAtOnceAndInPlace) {
     constexpr std::size_t huge = 100'000'000;
     const std::string marks = "\xCC\x81";
     const std::string regionalIndicator = "\xF0\x9F\x87\xAE";
+    const std::string womanAndJoiner = "\xF0\x9F\x91\xA9\xE2\x80\x8D";
+    const std::string hangul = "\xE1\x84\x80\xE1\x85\xA1";
     const std::string nearlyAll = join(changed(oneCharacter, {{"0", std::nullopt}}));
     const std::vector<Row> rows{
         {"", "0", {"0"}},
@@ -44,6 +46,8 @@ TEST(Hostile, HugeTextsAreAnsweredAtOnceAndInPlace) {
         {nearlyAll + "0941234567", "8" + marks, {"0"}},
         {join(oneCharacter) + "61a", marks, {"16"}},
         {join(oneCharacter) + "71a", marks, {}},  // one character may be as long as it likes
+        {join(oneCharacter) + "71", womanAndJoiner, {}},
+        {join(oneCharacter) + "7z", hangul, {"0"}},
     };
     for (const auto& [head, unit, codes] : rows) {
         std::string payload = head;

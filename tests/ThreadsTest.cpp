@@ -1,5 +1,7 @@
 #include "Payloads.h"
 
+#include <cstdio>
+#include <cstdlib>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -42,6 +44,47 @@ TEST(Threads, NeverSeeEachOthersAnswers) {
     for (std::thread& thread : threads) {
         thread.join();
     }
+}
+
+// Answers to payloads that ask the character sets, the pattern and the Unicode library's iterator.
+Codes answersAtTheEnd() {
+    const std::string hangul = "\xE1\x84\x80\xE1\x85\xA1";
+    Codes answers;
+    for (const std::string& payload :
+         {with(twoDigit, {{"62", element("09", "AMX")}, {"54", "1a"}}), with(oneCharacter, {{"7", "?r"}}),
+          join(oneCharacter) + "72" + hangul + hangul, std::string(1, '\xFF')}) {
+        const auto response = QRCodeParser::parseQRData(payload);
+        answers.push_back(response.qrCodeError() ? response.qrCodeError()->errorCodes().back() : "");
+    }
+    return answers;
+}
+
+// Made before the first parse and so destroyed after everything that a parse keeps.
+struct ParsesWhenDestroyed {
+    bool isArmed = false;
+    ~ParsesWhenDestroyed() {
+        if (isArmed) {
+            std::fputs(answersAtTheEnd() == expected ? "as ever\n" : "different\n", stderr);
+        }
+    }
+    const Codes expected{"46", "23", "", "0"};
+};
+ParsesWhenDestroyed globalObject;
+thread_local ParsesWhenDestroyed threadObject;
+
+TEST(ThreadsDeathTest, TheEndOfAProcessOrThreadChangesNoAnswer) {
+    testing::GTEST_FLAG(death_test_style) = "threadsafe";
+    EXPECT_EXIT(
+        {
+            std::thread([] {
+                threadObject.isArmed = true;
+                answersAtTheEnd();
+            }).join();
+            globalObject.isArmed = true;
+            answersAtTheEnd();
+            std::exit(0);
+        },
+        testing::ExitedWithCode(0), "as ever\nas ever\n");
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <KorvoQRParser/Decoding/CharacterReader.h>
 #include <KorvoQRParser/Decoding/ICUHandles.h>
+#include <KorvoQRParser/Decoding/Lifetimes.h>
 
 #include <algorithm>
 #include <cstring>
@@ -116,20 +117,9 @@ std::size_t endOfStretch(std::string_view text, std::size_t start) noexcept {
     return previous.joining == Joining::malformed ? noText : previous.end;
 }
 
-// The iterator costs far more to open than to use, so each thread keeps one.
-UBreakIterator* threadBreakIterator() {
-    thread_local const ICUHandle<UBreakIterator> iterator = [] {
-        UErrorCode status = U_ZERO_ERROR;
-        ICUHandle<UBreakIterator> opened(ubrk_open(UBRK_CHARACTER, "", nullptr, 0, &status));
-        return U_SUCCESS(status) ? std::move(opened) : nullptr;
-    }();
-    return iterator.get();
-}
-
 // Cuts up to `count` characters off the beginning of a stretch, lowers `count` by those cut, and returns the
 // bytes that they take. Malformed when the Unicode library refuses, as it does beyond 2 GiB.
-std::size_t cutStretch(std::string_view stretch, std::size_t& count) {
-    UBreakIterator* const iterator = threadBreakIterator();
+std::size_t cutStretch(UBreakIterator* iterator, std::string_view stretch, std::size_t& count) {
     if (iterator == nullptr || stretch.size() > std::numeric_limits<std::int32_t>::max()) {
         return noText;
     }
@@ -147,6 +137,12 @@ std::size_t cutStretch(std::string_view stretch, std::size_t& count) {
     }
     return end;
 }
+
+// The iterator costs far more to open than to use, so each thread keeps one.
+struct CharacterIterator {
+    UErrorCode status = U_ZERO_ERROR;
+    ICUHandle<UBreakIterator> handle{ubrk_open(UBRK_CHARACTER, "", nullptr, 0, &status)};
+};
 
 }  // namespace
 
@@ -198,8 +194,14 @@ bool CharacterReader::skip(std::size_t count) {
             const std::size_t stretchEnd = endOfStretch(text_, end);
             stretchEnd_ = stretchEnd == noText ? 0 : stretchEnd;
         }
+        if (stretchEnd_ == 0) {
+            break;
+        }
+        const std::string_view stretch = text_.substr(end, stretchEnd_ - end);
         const std::size_t cut =
-            stretchEnd_ == 0 ? noText : cutStretch(text_.substr(end, stretchEnd_ - end), count);
+            withThreadCache<CharacterIterator>([stretch, &count](const CharacterIterator& characters) {
+                return cutStretch(characters.handle.get(), stretch, count);
+            });
         if (cut == noText) {
             break;
         }

@@ -46,6 +46,9 @@ class CharacterReader {
     /// How many bytes have been taken.
     std::size_t offset() const noexcept { return offset_; }
 
+    /// What has not been taken.
+    std::string_view rest() const noexcept { return text_.substr(offset_); }
+
     /// The next `count` characters. Absent when fewer remain or the bytes on the way are not valid UTF-8;
     /// then nothing has been taken.
     std::optional<std::string_view> take(std::size_t count) {

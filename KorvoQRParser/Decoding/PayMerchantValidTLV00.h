@@ -1,6 +1,8 @@
 #ifndef KORVOQRPARSER_DECODING_PAYMERCHANTVALIDTLV00_H
 #define KORVOQRPARSER_DECODING_PAYMERCHANTVALIDTLV00_H
 
+#include <KorvoQRParser/Decoding/ASCII.h>
+
 #include <cstddef>
 #include <optional>
 #include <string_view>
@@ -37,6 +39,17 @@ constexpr std::optional<PayMerchantValidTLV00> payMerchantValidTLV00(std::string
                          : character == 'A' || character == 'B' ? character - 'A' + 10
                                                                 : -1;
     return position < 0 ? std::nullopt : std::optional(static_cast<PayMerchantValidTLV00>(position));
+}
+
+/// The same for a tag as it stands in a payload, in either letter case. No text outside ASCII has an upper
+/// case that is a tag.
+constexpr std::optional<PayMerchantValidTLV00> payMerchantValidTLV00InEitherCase(
+    std::string_view tag) noexcept {
+    if (tag.size() != 1) {
+        return std::nullopt;
+    }
+    const char upperCase = asciiUpperCase(tag[0]);
+    return payMerchantValidTLV00(std::string_view(&upperCase, 1));
 }
 
 }  // namespace korvo

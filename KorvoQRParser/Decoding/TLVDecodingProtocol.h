@@ -1,7 +1,6 @@
 #ifndef KORVOQRPARSER_DECODING_TLVDECODINGPROTOCOL_H
 #define KORVOQRPARSER_DECODING_TLVDECODINGPROTOCOL_H
 
-#include <KorvoQRParser/Decoding/CharacterReader.h>
 #include <KorvoQRParser/Decoding/CountedText.h>
 #include <KorvoQRParser/Decoding/PMValidTLV01AdditionalDataField.h>
 #include <KorvoQRParser/Decoding/PayMerchantValidTLV00.h>
@@ -52,9 +51,7 @@ class TLVDecodingProtocol {
     ~TLVDecodingProtocol() = default;
 
   private:
-    std::optional<TLVDecodingError> decodeTwoDigitElements(const CharacterReader& payload);
-    std::optional<TLVDecodingError> decodeOneCharacterElements(const CharacterReader& payload);
-    std::optional<TLVDecodingError> decodeAdditionalDataField(const CountedText& value);
+    struct Storing;
 };
 
 }  // namespace korvo

@@ -24,6 +24,7 @@ int seenTagBit(std::string_view tag) {
 std::optional<TLVDecodingError> TLVElementReader::next(TLVElement& element) {
     const auto tag = characters_.take(format_.fieldWidth);
     if (!tag) {
+        element = {};
         return TLVDecodingError::InvalidTagLength;
     }
     element = {*tag, {}, {}};
@@ -35,7 +36,7 @@ std::optional<TLVDecodingError> TLVElementReader::next(TLVElement& element) {
         return TLVDecodingError::InvalidTagLength;
     }
     element.length = *lengthField;
-    const std::int64_t length = readLength(*lengthField);
+    const std::int64_t length = format_.readLength(*lengthField);
     if (length < format_.minimumLength) {
         return TLVDecodingError::InvalidTagLength;
     }
@@ -58,17 +59,16 @@ bool TLVElementReader::isRepeated(std::string_view tag) {
     return repeated;
 }
 
-// Negative when the field is no number, which is below every format's shortest length.
-std::int64_t TLVElementReader::readLength(std::string_view field) const {
+std::int64_t TLVFormat::readLength(std::string_view field) const {
     // Nearly every length field, without the general parse.
     if (const int number = twoDigitNumber(field); number >= 0) {
         return number;
     }
     // The lower case of a letter outside ASCII may be a digit of base 36: the Kelvin sign's is "k".
-    if (format_.fieldWidth == 1 && field.size() > 1 && field.size() <= maxDigitBytes) {
-        return parseInteger(lowerCased(field), format_.lengthRadix).value_or(-1);
+    if (fieldWidth == 1 && field.size() > 1 && field.size() <= maxDigitBytes) {
+        return parseInteger(lowerCased(field), lengthRadix).value_or(-1);
     }
-    return parseInteger(field, format_.lengthRadix).value_or(-1);
+    return parseInteger(field, lengthRadix).value_or(-1);
 }
 
 }  // namespace korvo

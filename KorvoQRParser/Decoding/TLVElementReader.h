@@ -19,6 +19,9 @@ struct TLVFormat {
     std::size_t fieldWidth;      ///< characters of a tag, and of a length field
     int lengthRadix;             ///< base of the number in the length field
     std::int64_t minimumLength;  ///< the shortest value's characters
+
+    /// The number in a length field; negative when it holds none, which is below every shortest length.
+    std::int64_t readLength(std::string_view field) const;
 };
 
 /// The format of payloads that begin with "00", and of what is inside tag 62.
@@ -45,8 +48,8 @@ class TLVElementReader {
     /// Whether all elements have been read.
     bool atEnd() const noexcept { return characters_.atEnd(); }
 
-    /// Byte offset of the first thing not yet read: after a fault, of the part of the element that is wrong.
-    std::size_t offset() const noexcept { return characters_.offset(); }
+    /// What has not been read: after a fault, from the part of the element that is wrong.
+    std::string_view rest() const noexcept { return characters_.rest(); }
 
     /// Reads the next element into `element`. On a fault, InvalidTagLength or RepeatedTag, the parts that
     /// were read before it have been filled in, and the reader must not be used to read on.
@@ -54,7 +57,6 @@ class TLVElementReader {
 
   private:
     bool isRepeated(std::string_view tag);
-    std::int64_t readLength(std::string_view field) const;
 
     CharacterReader characters_;
     TLVFormat format_;

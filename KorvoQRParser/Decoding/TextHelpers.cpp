@@ -1,5 +1,6 @@
 #include <KorvoQRParser/Decoding/ASCII.h>
 #include <KorvoQRParser/Decoding/ICUHandles.h>
+#include <KorvoQRParser/Decoding/Lifetimes.h>
 #include <KorvoQRParser/Decoding/TextHelpers.h>
 
 #include <algorithm>
@@ -16,22 +17,21 @@ namespace {
 
 // The compiled pattern of this thread's last call: callers come with the same one again and again.
 struct CompiledPattern {
+    void compile(std::string_view wanted) {
+        if (expression != nullptr && pattern == wanted) {
+            return;
+        }
+        pattern = wanted;
+        status = U_ZERO_ERROR;
+        UText storage = UTEXT_INITIALIZER;
+        const ICUHandle<UText> text = openUTF8(storage, pattern, status);
+        expression.reset(uregex_openUText(text.get(), 0, nullptr, &status));
+    }
+
     std::string pattern;
     ICUHandle<URegularExpression> expression;
     UErrorCode status = U_ZERO_ERROR;
 };
-
-const CompiledPattern& compile(std::string_view pattern) {
-    thread_local CompiledPattern last;
-    if (last.expression == nullptr || last.pattern != pattern) {
-        last.pattern = pattern;
-        last.status = U_ZERO_ERROR;
-        UText storage = UTEXT_INITIALIZER;
-        const ICUHandle<UText> text = openUTF8(storage, last.pattern, last.status);
-        last.expression.reset(uregex_openUText(text.get(), 0, nullptr, &last.status));
-    }
-    return last;
-}
 
 // What a digit of any radix up to 36 stands for; 36 for what is no digit.
 constexpr std::array<std::uint8_t, 256> digitValues = [] {
@@ -97,17 +97,19 @@ std::string_view substringWithOffsets(std::size_t startOffset, std::size_t endOf
 }
 
 bool matchesRegex(std::string_view text, std::string_view pattern) {
-    const CompiledPattern& compiled = compile(pattern);
-    UErrorCode status = compiled.status;
-    if (U_FAILURE(status)) {
-        std::printf("\"%s\"\n", u_errorName(status));
-        return false;
-    }
-    UText storage = UTEXT_INITIALIZER;
-    const ICUHandle<UText> subject = openUTF8(storage, text, status);
-    uregex_setUText(compiled.expression.get(), subject.get(), &status);
-    const bool found = uregex_find64(compiled.expression.get(), 0, &status) != 0;
-    return U_SUCCESS(status) != 0 && found;
+    return withThreadCache<CompiledPattern>([text, pattern](CompiledPattern& last) {
+        last.compile(pattern);
+        UErrorCode status = last.status;
+        if (U_FAILURE(status)) {
+            std::printf("\"%s\"\n", u_errorName(status));
+            return false;
+        }
+        UText storage = UTEXT_INITIALIZER;
+        const ICUHandle<UText> subject = openUTF8(storage, text, status);
+        uregex_setUText(last.expression.get(), subject.get(), &status);
+        const bool found = uregex_find64(last.expression.get(), 0, &status) != 0;
+        return U_SUCCESS(status) != 0 && found;
+    });
 }
 
 std::string lowerCased(std::string_view text) {

@@ -332,6 +332,7 @@ class KORVO_EXPORT QRCodeData {
 
     /// True when all 70 properties are equal, absent and empty texts being different.
     friend KORVO_EXPORT bool operator==(const QRCodeData& left, const QRCodeData& right);
+    /// The opposite of ==.
     friend KORVO_EXPORT bool operator!=(const QRCodeData& left, const QRCodeData& right);
 
   private:

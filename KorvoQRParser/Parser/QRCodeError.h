@@ -11,7 +11,8 @@ namespace korvo {
 
 /// Why a payload was refused: the codes of the rules that it violates.
 ///
-/// A plain value: it keeps exactly the list that it was given, unsorted and unfiltered. There is no default
+/// Those that a parse answers with have at least one code, and each code once. The class itself is a plain
+/// value: it keeps exactly the list that it was given, unsorted and unfiltered. There is no default
 /// constructor, because an error without a list means nothing. Any number of threads may read one object
 /// while none uses the setter.
 class KORVO_EXPORT QRCodeError {
@@ -36,6 +37,7 @@ class KORVO_EXPORT QRCodeError {
 
 /// True when both hold the same codes in the same order.
 KORVO_EXPORT bool operator==(const QRCodeError& left, const QRCodeError& right);
+/// The opposite of ==.
 KORVO_EXPORT bool operator!=(const QRCodeError& left, const QRCodeError& right);
 
 /// Prints the error's description.

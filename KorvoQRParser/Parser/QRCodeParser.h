@@ -14,13 +14,19 @@ namespace korvo {
 ///
 /// Input is the text of a scanned QR code as UTF-8, exactly as it was read: nothing is trimmed or
 /// normalised, and NUL is a character like any other. Any bytes at all are allowed and every input gets a
-/// defined answer, in time and memory linear in its length. A text that cannot be split into elements, and
-/// bytes that are not valid UTF-8, are refused with the single code "0".
+/// defined answer, in time and memory linear in its length. A text that cannot be split into elements (the
+/// empty text is one), and bytes that are not valid UTF-8, are refused with the single code "0". The text
+/// needs to live for the length of the call only: what is answered holds copies.
 ///
-/// Lengths in the payload count user-perceived characters (extended grapheme clusters, UAX #29), not bytes.
+/// A payload whose first two characters are "00" is in the two-digit format: tags and lengths of two decimal
+/// digits, a checksum at the end. Every other payload is in the one-character format: tags and lengths of one
+/// character, no checksum. Lengths count user-perceived characters (extended grapheme clusters, UAX #29), not
+/// bytes.
 ///
-/// Both operations may be called from any number of threads at once. Nothing is thrown, except std::bad_alloc
-/// and what a completion handler throws itself.
+/// Both operations may be called from any number of threads at once, up to the last destructor of the
+/// process, and no thread sees anything of another's payload. Nothing needs to be set up before the first
+/// call or released after the last. Nothing is thrown, except std::bad_alloc and what a completion handler
+/// throws itself.
 class KORVO_EXPORT QRCodeParser {
   public:
     /// Reads one payload. The response holds the record when every rule is kept, otherwise the error with the

@@ -1,4 +1,5 @@
 #include <KorvoQRParser/Decoding/CharacterSet.h>
+#include <KorvoQRParser/Decoding/Lifetimes.h>
 #include <KorvoQRParser/Validation/KorvoBaseConstants.h>
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
@@ -37,9 +38,9 @@ void KorvoPayMerchantTLVValidator::validateAdditionalDataField(const KorvoPayMer
 }
 
 void KorvoPayMerchantTLVValidator::validateAdditionalConsumerDataReq(const Value& request) {
-    static const CharacterSet allowed =
-        CharacterSet::characterSetWithCharactersInString(KorvoBaseConstants::allowedConsumerTags);
-    if (request && (isLengthOutside(*request, 1, 3) || !consistsOfCharactersOf(request->text(), allowed))) {
+    static const NeverDestroyed<CharacterSet> allowed(
+        CharacterSet::characterSetWithCharactersInString(KorvoBaseConstants::allowedConsumerTags));
+    if (request && (isLengthOutside(*request, 1, 3) || !consistsOfCharactersOf(request->text(), *allowed))) {
         addErrorCode(Codes::additionalConsumerDataInvalidValue);
     }
 }

@@ -67,15 +67,19 @@ namespace KorvoErrorConstants {
 KORVO_ERROR_CATALOGUE(KORVO_CODE)
 #undef KORVO_CODE
 
-// Reserved numbers: no rule raises these.
+/// Reserved: no rule raises it.
 inline constexpr std::string_view primaryIdNotPresentForMerchant = "22";
+/// Reserved: no rule raises it.
 inline constexpr std::string_view secondayrIdNotPresentForMerchant = "26";
+/// Reserved: no rule raises it.
 inline constexpr std::string_view secondaryIdNoSubscriberIdForMerchant = "27";
+/// Reserved: no rule raises it.
 inline constexpr std::string_view additionalDataFieldTagCount = "47";
 
 }  // namespace KorvoErrorConstants
 
-/// One row of the catalogue of error codes.
+/// One row of the catalogue of error codes. A refused payload's format, and with it the tag to name, can be
+/// told from its beginning: QRCodeParser says how.
 struct ErrorCatalogueEntry {
     std::string_view code;             ///< as in QRCodeError::errorCodes
     std::string_view name;             ///< the constant's name in KorvoErrorConstants
@@ -92,7 +96,8 @@ inline constexpr std::array errorCatalogue{
 #undef KORVO_ENTRY
 };
 
-/// The catalogue's row for a code; null for a text that is not a code in it.
+/// The catalogue's row for a code; null for a text that is not a code in it, as a code may be that a newer
+/// shared library raises.
 constexpr const ErrorCatalogueEntry* findErrorCatalogueEntry(std::string_view code) noexcept {
     for (const ErrorCatalogueEntry& entry : errorCatalogue) {
         if (entry.code == code) {

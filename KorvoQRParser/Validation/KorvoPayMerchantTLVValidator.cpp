@@ -1,3 +1,4 @@
+#include <KorvoQRParser/Decoding/Lifetimes.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
 
 #include <algorithm>
@@ -5,8 +6,8 @@
 namespace korvo {
 
 KorvoPayMerchantTLVValidator& KorvoPayMerchantTLVValidator::sharedValidator() {
-    static KorvoPayMerchantTLVValidator validator;
-    return validator;
+    static const NeverDestroyed<KorvoPayMerchantTLVValidator> validator;
+    return *validator;
 }
 
 auto KorvoPayMerchantTLVValidator::validatePayMerchantTLV(const KorvoPayMerchantTLV* holder) -> ErrorCodes {

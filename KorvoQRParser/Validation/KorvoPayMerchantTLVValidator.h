@@ -60,9 +60,18 @@ class KorvoPayMerchantTLVValidator {
 
   private:
     /// What the tip or fee indicators "01", "02" and "03" stand for, with the published names in the order of
-    /// the cases. The rules compare the indicators themselves.
+    /// the cases, and the case of a name (absent for any other text). The rules compare the indicators
+    /// themselves.
     enum class TipAndFeeIndicatorType : unsigned char { Tip, Fee, Percentage };
     static constexpr std::array<std::string_view, 3> tipAndFeeIndicatorTypes{"Tip", "Fee", "Percentage"};
+    static constexpr std::optional<TipAndFeeIndicatorType> tipAndFeeIndicatorType(std::string_view name) {
+        for (std::size_t i = 0; i < tipAndFeeIndicatorTypes.size(); ++i) {
+            if (tipAndFeeIndicatorTypes[i] == name) {
+                return static_cast<TipAndFeeIndicatorType>(i);
+            }
+        }
+        return std::nullopt;
+    }
 
     /// What an amount must be, and the codes for what it is not.
     struct AmountRule {

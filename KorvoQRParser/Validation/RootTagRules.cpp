@@ -8,6 +8,7 @@
 #include <KorvoQRParser/Validation/StringConstants.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <utility>
 
 namespace korvo {
@@ -15,6 +16,8 @@ namespace korvo {
 namespace {
 
 namespace Codes = KorvoErrorConstants;
+
+constexpr std::size_t crcLength = 4;
 
 bool isDigits(const CountedText& text, std::size_t count) {
     return text.characterCount() == count && consistsOfCharactersOf(text.text(), decimalDigits());
@@ -50,7 +53,7 @@ void KorvoPayMerchantTLVValidator::validatePayloadFormatIndicator(const Value& p
     }
     if (!isDigits(*payloadFormatIndicator, 2)) {
         addErrorCode(Codes::payloadFormatIndicatorInvalidLength);
-    } else if (!(*payloadFormatIndicator == "01")) {
+    } else if (*payloadFormatIndicator != "01") {
         addErrorCode(Codes::payloadFormatIndicatorInvalidValue);
     }
 }
@@ -169,14 +172,16 @@ void KorvoPayMerchantTLVValidator::validateSecondaryID(const Value& secondaryID)
                                      .invalidFormat = Codes::secondaryIdInvalidLengthOrCharacters});
 }
 
-// The checksum covers the payload without as many characters as the checksum itself has.
+std::uint16_t checksumOfPayload(std::string_view payload) {
+    return computeCRC16(droppingLastCharacters(payload, crcLength));
+}
+
 void KorvoPayMerchantTLVValidator::validateCRC(const Value& crc, Payload tlvString) {
-    constexpr std::size_t crcLength = 4;
     if (!crc || !tlvString) {
         return;
     }
     const auto announced = crc->characterCount() == crcLength ? parseInteger(crc->text(), 16) : std::nullopt;
-    if (!announced || *announced != computeCRC16(droppingLastCharacters(*tlvString, crcLength))) {
+    if (!announced || *announced != checksumOfPayload(*tlvString)) {
         addErrorCode(Codes::crcInvalidValue);
     }
 }

@@ -1,4 +1,5 @@
 #include <KorvoQRParser/Decoding/CharacterSet.h>
+#include <KorvoQRParser/Decoding/Lifetimes.h>
 #include <KorvoQRParser/Decoding/TextHelpers.h>
 #include <KorvoQRParser/Validation/KorvoBaseConstants.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
@@ -9,22 +10,22 @@ namespace korvo {
 namespace {
 
 const CharacterSet& letters() {
-    static const CharacterSet set = CharacterSet::letterCharacterSet();
-    return set;
+    static const NeverDestroyed<CharacterSet> set(CharacterSet::letterCharacterSet());
+    return *set;
 }
 
 const CharacterSet& amountCharacters() {
-    static const CharacterSet set =
+    static const NeverDestroyed<CharacterSet> set(
         CharacterSet::characterSetWithCharactersInString(KorvoBaseConstants::periodCharacter)
-            .formUnionWith(decimalDigits());
-    return set;
+            .formUnionWith(decimalDigits()));
+    return *set;
 }
 
 }  // namespace
 
 const CharacterSet& decimalDigits() {
-    static const CharacterSet set = CharacterSet::decimalDigitCharacterSet();
-    return set;
+    static const NeverDestroyed<CharacterSet> set(CharacterSet::decimalDigitCharacterSet());
+    return *set;
 }
 
 void KorvoPayMerchantTLVValidator::validateAmountText(const CountedText& amount, const AmountRule& rule) {

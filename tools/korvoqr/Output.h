@@ -1,12 +1,14 @@
 #ifndef KORVOQR_OUTPUT_H
 #define KORVOQR_OUTPUT_H
 
+#include <atomic>
 #include <string>
 #include <string_view>
 
 namespace korvoqr {
 
-/// Standard output, collected into large writes. After a write has failed nothing more is written.
+/// Standard output, collected into large writes. After a write has failed nothing more is written. One thread
+/// at a time may write; any may ask whether it is closed.
 class Output {
   public:
     /// Adds a text; writes what has been collected once that is 64 KiB or more.
@@ -23,7 +25,7 @@ class Output {
 
   private:
     std::string collected_;
-    int errorNumber_ = 0;
+    std::atomic<int> errorNumber_ = 0;
 };
 
 }  // namespace korvoqr

@@ -1,14 +1,14 @@
-#include "ParseCommand.h"
-
-#include "Output.h"
+#include "Batch.h"
+#include "Commands.h"
+#include "InputRun.h"
 #include "PayloadInput.h"
+#include "Summary.h"
 
-#include <cerrno>
-#include <csignal>
-#include <cstddef>
+#include <chrono>
+#include <cstdint>
 #include <cstdio>
-#include <cstring>
-#include <string_view>
+#include <utility>
+#include <vector>
 
 #include <unistd.h>
 
@@ -16,78 +16,111 @@ namespace korvoqr {
 
 namespace {
 
-// Parses payloads one after the other and remembers how the run is going.
+// The answers to a block of payloads.
+struct Answers {
+    std::string text;
+    Tally tally;
+    std::vector<std::uint64_t> unprintable;  // which of them are accepted, but empty as JSON
+    std::size_t bytes = 0;                   // of input
+};
+
+void answer(std::string_view payload, Format format, const std::string& file, Answers& answers) {
+    const auto response = korvo::QRCodeParser::parseQRData(payload);
+    // The records and code lists of text output need something between them.
+    if (format == Format::text && answers.tally.payloads() > 0) {
+        answers.text += '\n';
+    }
+    answers.tally.count(response);
+    const std::string rendered = render(response, format, file);
+    if (rendered == "\n") {
+        answers.unprintable.push_back(answers.tally.payloads());
+    }
+    answers.text += rendered;
+}
+
 class ParseRun {
   public:
-    explicit ParseRun(Format format) : format_(format) {}
+    explicit ParseRun(const ParseOptions& options)
+        : options_(options),
+          run_(options.input),
+          progress_(options.progress && !options.input.file.empty() ? run_.fileSize() : 0) {}
 
-    // False when there is nobody left to read the answers.
-    bool handle(std::string_view payload) {
-        const auto response = korvo::QRCodeParser::parseQRData(payload);
-        const std::string answer = render(response, format_);
-        ++payloadNumber_;
-        if (!response.qrCodeData()) {
-            someRejected_ = true;
-        } else if (answer == "\n") {
-            std::fprintf(
-                stderr,
-                "korvoqr: payload %zu is accepted, but JSON output is empty for values outside ASCII; "
-                "type --format jsonl to see it\n",
-                payloadNumber_);
+    ExitStatus run() {
+        const auto begin = std::chrono::steady_clock::now();
+        const bool hasArguments = run_.forEachArgument(
+            [this](std::string_view payload, const std::string& file, const std::string& place) {
+                Answers answers;
+                if (options_.format == Format::text && !place.empty()) {
+                    answers.text = place + ":\n";
+                }
+                answer(payload, options_.format, file, answers);
+                deliver(std::move(answers));
+            });
+        if (!hasArguments) {
+            parseFile();
         }
-        // The records and code lists of text output need something between them.
-        if (format_ == Format::text && payloadNumber_ > 1) {
-            output_.write("\n");
+        progress_.clear();
+        if (tally_.rejected > 0) {
+            run_.noteRejected();
         }
-        output_.write(answer);
-        return !output_.isClosed();
-    }
-
-    void flush() { output_.flush(); }
-
-    ExitStatus finish(int inputError) {
-        output_.flush();
-        if (output_.isClosed() && output_.errorNumber() != EPIPE) {
-            std::fprintf(stderr, "korvoqr: cannot write standard output: %s\n",
-                         std::strerror(output_.errorNumber()));
-            return usageOrInputError;
+        const ExitStatus status = run_.finish();
+        if (options_.summary) {
+            const std::string text = summaryText(tally_, std::chrono::steady_clock::now() - begin,
+                                                 styleOf(STDERR_FILENO, options_.colour));
+            std::fputs(text.c_str(), stderr);
         }
-        if (inputError != 0) {
-            std::fprintf(
-                stderr,
-                "korvoqr: cannot read standard input: %s; type korvoqr parse PAYLOAD, or give a file "
-                "with < FILE\n",
-                std::strerror(inputError));
-            return usageOrInputError;
-        }
-        return someRejected_ ? someRejected : allAccepted;
+        return status;
     }
 
   private:
-    Format format_;
-    Output output_;
-    std::size_t payloadNumber_ = 0;
-    bool someRejected_ = false;
+    void parseFile() {
+        Batch<Answers> batch(
+            options_.jobs,
+            [this](const std::string& block) {
+                Answers answers;
+                answers.bytes = block.size();
+                forEachPayload(block, run_.delimiter(), [&](std::string_view payload) {
+                    answer(payload, options_.format, "", answers);
+                });
+                return answers;
+            },
+            [this](Answers answers) {
+                deliver(std::move(answers));
+                // Whoever wrote the payloads may be waiting for the answers.
+                run_.output().flush();
+            });
+        run_.forEachBlock([&batch](std::string block) { batch.add(std::move(block)); });
+        batch.finish();
+    }
+
+    void deliver(Answers answers) {
+        if (options_.format == Format::text && tally_.payloads() > 0) {
+            run_.output().write("\n");
+        }
+        run_.output().write(answers.text);
+        for (const std::uint64_t number : answers.unprintable) {
+            std::fprintf(
+                stderr,
+                "korvoqr: payload %llu is accepted, but JSON output is empty for values outside ASCII; "
+                "type --format jsonl to see it\n",
+                static_cast<unsigned long long>(tally_.payloads() + number));
+        }
+        tally_.add(answers.tally);
+        bytes_ += answers.bytes;
+        progress_.update(bytes_, tally_.payloads());
+    }
+
+    const ParseOptions& options_;
+    InputRun run_;
+    Progress progress_;
+    Tally tally_;
+    std::uint64_t bytes_ = 0;
 };
 
 }  // namespace
 
 ExitStatus runParse(const ParseOptions& options) {
-    // A reader that has gone is told by the failed write, so that the run ends with its ordinary status.
-    std::signal(SIGPIPE, SIG_IGN);
-    ParseRun run(options.format);
-    int inputError = 0;
-    if (options.payloads.empty()) {
-        inputError = forEachPayload(
-            STDIN_FILENO, options.nullDelimited ? '\0' : '\n',
-            [&run](std::string_view payload) { return run.handle(payload); }, [&run] { run.flush(); });
-    }
-    for (const std::string& payload : options.payloads) {
-        if (!run.handle(payload)) {
-            break;
-        }
-    }
-    return run.finish(inputError);
+    return ParseRun(options).run();
 }
 
 }  // namespace korvoqr

@@ -1,58 +1,70 @@
 #include "PayloadInput.h"
 
+#include <KorvoQRParser/Decoding/CharacterReader.h>
+
 #include <cerrno>
 #include <cstddef>
-#include <string>
+#include <utility>
 #include <vector>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace korvoqr {
 
-namespace {
-
-ssize_t readSome(int fileDescriptor, std::vector<char>& buffer) {
-    ssize_t count = 0;
-    do {
-        count = ::read(fileDescriptor, buffer.data(), buffer.size());
-    } while (count < 0 && errno == EINTR);
-    return count;
-}
-
-}  // namespace
-
-int forEachPayload(int fileDescriptor, char delimiter, const std::function<bool(std::string_view)>& handle,
-                   const std::function<void()>& beforeWaiting) {
+int readChunks(int fileDescriptor, const std::function<bool(std::string_view)>& handle) {
     std::vector<char> buffer(std::size_t{64} * 1024);
-    std::string begun;
     while (true) {
-        const ssize_t count = readSome(fileDescriptor, buffer);
+        const ssize_t count = ::read(fileDescriptor, buffer.data(), buffer.size());
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
         if (count < 0) {
             return errno;
         }
-        if (count == 0) {
-            break;
+        if (count == 0 || !handle({buffer.data(), static_cast<std::size_t>(count)})) {
+            return 0;
         }
-        std::string_view arrived(buffer.data(), static_cast<std::size_t>(count));
-        for (std::size_t end = 0; (end = arrived.find(delimiter)) != std::string_view::npos;) {
-            std::string_view payload = arrived.substr(0, end);
-            if (!begun.empty()) {
-                begun += payload;
-                payload = begun;
-            }
-            if (!handle(payload)) {
-                return 0;
-            }
-            begun.clear();
-            arrived.remove_prefix(end + 1);
+    }
+}
+
+int readBlocks(int fileDescriptor, char delimiter, const std::function<bool(std::string)>& handle) {
+    std::string begun;
+    bool isWanted = true;
+    const int error = readChunks(fileDescriptor, [&](std::string_view chunk) {
+        const std::size_t last = chunk.rfind(delimiter);
+        if (last == std::string_view::npos) {
+            begun += chunk;
+            return true;
         }
-        begun += arrived;
-        beforeWaiting();
+        begun += chunk.substr(0, last + 1);
+        isWanted = handle(std::exchange(begun, std::string(chunk.substr(last + 1))));
+        return isWanted;
+    });
+    if (error == 0 && isWanted && !begun.empty()) {
+        handle(std::move(begun));
     }
-    if (!begun.empty()) {
-        handle(begun);
+    return error;
+}
+
+bool isUTF8(std::string_view text) noexcept {
+    for (std::size_t offset = 0; offset < text.size();) {
+        if (korvo::nextCodePoint(text, offset) < 0) {
+            return false;
+        }
     }
-    return 0;
+    return true;
+}
+
+InputFile::InputFile(const std::string& name)
+    : isStandardInput_(name.empty() || name == "-"),
+      // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system's own interface
+      descriptor_(isStandardInput_ ? STDIN_FILENO : ::open(name.c_str(), O_RDONLY | O_CLOEXEC)) {}
+
+InputFile::~InputFile() {
+    if (!isStandardInput_ && descriptor_ >= 0) {
+        ::close(descriptor_);
+    }
 }
 
 }  // namespace korvoqr

@@ -15,35 +15,20 @@ std::string_view nameOf(std::string_view code) {
     return entry != nullptr ? entry->name : "unknown";
 }
 
-std::string errorLine(const korvo::QRCodeError& error) {
+// On one line, or in the indented form that the record's JSON text has.
+std::string errorJSON(const korvo::QRCodeError& error, bool isIndented) {
     std::string codes;
     std::string names;
     for (const std::string& code : error.errorCodes()) {
-        const char* const separator = codes.empty() ? "" : ",";
+        const std::string separator = std::string(codes.empty() ? "" : ",") + (isIndented ? "\n      " : "");
         korvo::appendJSONString(codes += separator, code);
         korvo::appendJSONString(names += separator, nameOf(code));
     }
-    std::string json = R"({"qrCodeError":{"errorCodes":[)";
-    json += codes;
-    json += R"(],"errorNames":[)";
-    json += names;
-    return json += "]}}\n";
-}
-
-// The same object in the indented form that the record's JSON text has.
-std::string errorObject(const korvo::QRCodeError& error) {
-    std::string codes;
-    std::string names;
-    for (const std::string& code : error.errorCodes()) {
-        const char* const separator = codes.empty() ? "\n      " : ",\n      ";
-        korvo::appendJSONString(codes += separator, code);
-        korvo::appendJSONString(names += separator, nameOf(code));
+    if (isIndented) {
+        return "{\n  \"qrCodeError\": {\n    \"errorCodes\": [" + codes + "\n    ],\n    \"errorNames\": [" +
+               names + "\n    ]\n  }\n}\n";
     }
-    std::string json = "{\n  \"qrCodeError\": {\n    \"errorCodes\": [";
-    json += codes;
-    json += "\n    ],\n    \"errorNames\": [";
-    json += names;
-    return json += "\n    ]\n  }\n}\n";
+    return R"({"qrCodeError":{"errorCodes":[)" + codes + R"(],"errorNames":[)" + names + "]}}\n";
 }
 
 void appendMember(std::string& json, std::string_view name, const std::optional<std::string>& value) {
@@ -83,18 +68,26 @@ std::string explainCodes(const korvo::QRCodeError& error) {
     return text;
 }
 
-}  // namespace
-
-std::string render(const korvo::QRCodeParserResponse& response, Format format) {
+std::string renderAnswer(const korvo::QRCodeParserResponse& response, Format format) {
     if (const auto& data = response.qrCodeData()) {
         return format == Format::jsonl  ? dataLine(*data)
                : format == Format::json ? data->jsonOutput() + '\n'
                                         : data->description();
     }
     const korvo::QRCodeError& error = *response.qrCodeError();
-    return format == Format::jsonl  ? errorLine(error)
-           : format == Format::json ? errorObject(error)
-                                    : explainCodes(error);
+    return format == Format::text ? explainCodes(error) : errorJSON(error, format == Format::json);
+}
+
+}  // namespace
+
+std::string render(const korvo::QRCodeParserResponse& response, Format format, const std::string& file) {
+    std::string answer = renderAnswer(response, format);
+    if (format != Format::text && !file.empty() && answer.front() == '{') {
+        std::string member = format == Format::json ? "\n  \"file\": " : "\"file\":";
+        korvo::appendJSONString(member, file);
+        answer.insert(1, member + ',');
+    }
+    return answer;
 }
 
 }  // namespace korvoqr

@@ -1,4 +1,4 @@
-#include "ParseCommand.h"
+#include "Commands.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -18,60 +18,161 @@ std::string shield(std::string argument) {
     return looksLikeList || argument == "++" ? argument + '\0' : argument;
 }
 
-std::string unshield(std::string argument) {
+void unshield(std::string& argument) {
     if (!argument.empty() && argument.back() == '\0') {
         argument.pop_back();
     }
-    return argument;
 }
 
-int reportUsageError(const CLI::Error& error) {
-    std::string reason = error.what();
-    // One line, whatever was typed.
-    std::replace_if(
-        reason.begin(), reason.end(), [](unsigned char c) { return c < ' '; }, ' ');
+void unshield(korvoqr::InputOptions& input) {
+    for (std::string& payload : input.payloads) {
+        unshield(payload);
+    }
+    for (std::string& image : input.images) {
+        unshield(image);
+    }
+    unshield(input.file);
+}
+
+// What the command line leaves to be done.
+struct CommandLine {
+    CLI::App app{"Reads the text of merchant-presented payment QR codes.", "korvoqr"};
+    CLI::App* parse = nullptr;
+    CLI::App* explain = nullptr;
+    CLI::App* codes = nullptr;
+    korvoqr::ParseOptions parseOptions;
+    korvoqr::ExplainOptions explainOptions;
+    korvoqr::CodesOptions codesOptions;
+};
+
+const std::map<std::string, korvoqr::Format> formats{
+    {"text", korvoqr::Format::text}, {"json", korvoqr::Format::json}, {"jsonl", korvoqr::Format::jsonl}};
+const std::map<std::string, bool> textOrJSON{{"text", false}, {"json", true}};
+const std::map<std::string, korvoqr::ColourChoice> colours{{"auto", korvoqr::ColourChoice::automatic},
+                                                           {"always", korvoqr::ColourChoice::always},
+                                                           {"never", korvoqr::ColourChoice::never}};
+
+// An option that takes one of a few words.
+template <class Value>
+void addChoice(CLI::App* command, const std::string& name, Value& value,
+               const std::map<std::string, Value>& words, const std::string& usage,
+               const std::string& description) {
+    command
+        ->add_option_function<std::string>(
+            name, [&value, &words](const std::string& word) { value = words.at(word); }, description)
+        ->option_text(usage)
+        ->check(CLI::IsMember(words));
+}
+
+void addColour(CLI::App* command, korvoqr::ColourChoice& colour) {
+    addChoice(command, "--color", colour, colours, "auto|always|never",
+              "auto: on a terminal, unless NO_COLOR is set");
+}
+
+void addInput(CLI::App* command, korvoqr::InputOptions& input) {
+    auto* const payloads =
+        command->add_option("PAYLOAD", input.payloads, "Texts of QR codes; none: standard input, one a line")
+            ->option_text("...");
+    auto* const file = command->add_option("-i,--input", input.file, "Read payloads from a file, one a line")
+                           ->option_text("FILE")
+                           ->excludes(payloads);
+    command->add_option("--image", input.images, "Read the QR codes in PNG and JPEG pictures")
+        ->option_text("FILE...")
+        ->excludes(payloads)
+        ->excludes(file);
+    command->add_flag("-0,--null", input.nullDelimited, "Payloads read end with NUL, may hold line feeds");
+}
+
+void addParse(CommandLine& line) {
+    auto& options = line.parseOptions;
+    line.parse = line.app.add_subcommand("parse", "Prints records, or the codes of the rules violated.");
+    addInput(line.parse, options.input);
+    addChoice(line.parse, "--format", options.format, formats, "text|json|jsonl",
+              "jsonl: one line for each payload");
+    line.parse->add_option("-j,--jobs", options.jobs, "Threads for what is read; order is kept")
+        ->option_text("N")
+        ->check(CLI::Range(1, 1024));
+    line.parse->add_flag("--summary", options.summary, "Count answers and codes, on standard error");
+    line.parse->add_flag("--progress", options.progress, "Show how far a file is read, on a terminal");
+    addColour(line.parse, options.colour);
+    line.parse->footer(
+        "Examples:\n"
+        "  korvoqr parse --format json 04444101...   korvoqr parse --image shop.png\n"
+        "  korvoqr parse --format jsonl --jobs 4 --summary < payloads.txt > answers.txt\n"
+        "Exit status: 0 all accepted, 1 some refused, 2 error.");
+}
+
+void addExplain(CommandLine& line) {
+    auto& options = line.explainOptions;
+    line.explain =
+        line.app.add_subcommand("explain", "Shows payloads element by element, and what is wrong.");
+    addInput(line.explain, options.input);
+    addChoice(line.explain, "--format", options.asJSON, textOrJSON, "text|json",
+              "json: an object on a line for each payload");
+    addColour(line.explain, options.colour);
+    line.explain->footer(
+        "Examples:\n"
+        "  korvoqr explain 00020101021102104123456784...\n"
+        "  korvoqr explain --image sticker.jpg counter.png\n"
+        "Exit status: 0 all accepted, 1 some refused, 2 error.");
+}
+
+void addCodes(CommandLine& line) {
+    auto& options = line.codesOptions;
+    line.codes = line.app.add_subcommand("codes", "Prints what error codes mean.");
+    line.codes->add_option("CODE", options.codes, "Numbers of codes; none: all of them")->option_text("...");
+    addChoice(line.codes, "--format", options.asJSON, textOrJSON, "text|json", "json: one array");
+    addColour(line.codes, options.colour);
+    line.codes->footer(
+        "Examples:\n"
+        "  korvoqr codes 3 48\n"
+        "  korvoqr codes --format json");
+}
+
+int reportUsageError(const CommandLine& line, const CLI::Error& error) {
+    std::string reason = korvoqr::visible(error.what());
     const bool isUnexpected = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
-    std::fprintf(stderr, "korvoqr: %s; type korvoqr parse --help for the options%s\n", reason.c_str(),
-                 isUnexpected ? ", or -- before a payload that begins with -" : "");
+    std::string command;
+    for (const CLI::App* const used : line.app.get_subcommands()) {
+        command = ' ' + used->get_name();
+    }
+    std::fprintf(stderr, "korvoqr: %s; type korvoqr%s --help for the options%s\n", reason.c_str(),
+                 command.c_str(), isUnexpected ? ", or -- before a payload that begins with -" : "");
     return korvoqr::usageOrInputError;
 }
 
 int run(int argc, char** argv) {
-    CLI::App app("Reads the text of merchant-presented payment QR codes.", "korvoqr");
-    app.set_version_flag("--version", "korvoqr " KORVOQR_VERSION);
-    app.require_subcommand(1);
-
-    korvoqr::ParseOptions options;
-    CLI::App* const parse = app.add_subcommand(
-        "parse",
-        "Prints each payload's record, or the codes of the rules that it violates.\n"
-        "Exit status: 0 when every payload was accepted, 1 when any was rejected, 2 for an error.");
-    parse->add_option(
-        "PAYLOAD", options.payloads,
-        "The text of a QR code; without any, payloads are read from standard input, one a line");
-    const std::map<std::string, korvoqr::Format> formats{
-        {"text", korvoqr::Format::text}, {"json", korvoqr::Format::json}, {"jsonl", korvoqr::Format::jsonl}};
-    std::string format = "text";
-    parse->add_option("--format", format, "text (default), json, or jsonl: one line for each payload")
-        ->option_text("text|json|jsonl")
-        ->check(CLI::IsMember(formats));
-    parse->add_flag("-0,--null", options.nullDelimited,
-                    "Payloads on standard input are ended by NUL and may hold line feeds");
+    CommandLine line;
+    line.app.set_version_flag("--version", "korvoqr " KORVOQR_VERSION);
+    line.app.require_subcommand(1);
+    line.app.get_formatter()->column_width(26);
+    line.app.footer(
+        "Examples:\n"
+        "  korvoqr explain --image sticker.jpg\n"
+        "  korvoqr parse --format jsonl < payloads.txt\n"
+        "  korvoqr codes 48");
+    addParse(line);
+    addExplain(line);
+    addCodes(line);
 
     // The parser takes its arguments from the back.
     std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
     std::transform(arguments.begin(), arguments.end(), arguments.begin(), shield);
     std::reverse(arguments.begin(), arguments.end());
     try {
-        app.parse(arguments);
+        line.app.parse(arguments);
     } catch (const CLI::Success& wanted) {
-        return app.exit(wanted);
+        return line.app.exit(wanted);
     } catch (const CLI::Error& error) {
-        return reportUsageError(error);
+        return reportUsageError(line, error);
     }
-    options.format = formats.at(format);
-    std::transform(options.payloads.begin(), options.payloads.end(), options.payloads.begin(), unshield);
-    return korvoqr::runParse(options);
+    unshield(line.parseOptions.input);
+    unshield(line.explainOptions.input);
+    if (line.parse->parsed()) {
+        return korvoqr::runParse(line.parseOptions);
+    }
+    return line.explain->parsed() ? korvoqr::runExplain(line.explainOptions)
+                                  : korvoqr::runCodes(line.codesOptions);
 }
 
 }  // namespace

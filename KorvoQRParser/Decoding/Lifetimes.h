@@ -1,0 +1,49 @@
+#ifndef KORVOQRPARSER_DECODING_LIFETIMES_H
+#define KORVOQRPARSER_DECODING_LIFETIMES_H
+
+#include <cstddef>
+#include <new>
+#include <utility>
+
+namespace korvo {
+
+/// Holds an object that is never destroyed. For function-local statics: the destructors of a caller's global
+/// objects, and threads that outlive main, may still parse.
+template <class Object>
+class NeverDestroyed {
+  public:
+    template <class... Arguments>
+    explicit NeverDestroyed(Arguments&&... arguments)
+        : object_(new (storage_) Object(std::forward<Arguments>(arguments)...)) {}
+    NeverDestroyed(const NeverDestroyed&) = delete;
+    NeverDestroyed& operator=(const NeverDestroyed&) = delete;
+    ~NeverDestroyed() = default;
+
+    Object& operator*() const noexcept { return *object_; }
+
+  private:
+    alignas(Object) std::byte storage_[sizeof(Object)];
+    Object* object_;
+};
+
+/// Calls `use` with a `Cache` and returns its result: the calling thread's own one, which is made when the
+/// thread first asks and kept until it ends. What the thread still does after that, as its other objects are
+/// being destroyed, gets one that lives as long as the call.
+template <class Cache, class Use>
+auto withThreadCache(Use use) {
+    thread_local bool isGone = false;
+    struct Owner {
+        ~Owner() { isGone = true; }
+        Cache cache;
+    };
+    if (isGone) {
+        Cache cache;
+        return use(cache);
+    }
+    thread_local Owner owner;
+    return use(owner.cache);
+}
+
+}  // namespace korvo
+
+#endif

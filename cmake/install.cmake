@@ -1,0 +1,38 @@
+# What is installed, in two components: "runtime" for who runs programs, "development" for who builds them.
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(packageDir ${CMAKE_INSTALL_LIBDIR}/cmake/KorvoQRParser)
+
+# Both kinds are installed, each under the same target name in a file of its own; the package's configuration takes one.
+foreach(target KorvoQRParser KorvoQRParserShared)
+    if(target STREQUAL "KorvoQRParser")
+        set(kind static)
+    else()
+        set(kind shared)
+    endif()
+    set_target_properties(${target} PROPERTIES EXPORT_NAME KorvoQRParser)
+    install(TARGETS ${target} EXPORT KorvoQRParser-${kind}
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
+        FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
+    install(EXPORT KorvoQRParser-${kind}
+        NAMESPACE KorvoQRParser:: DESTINATION ${packageDir} COMPONENT development)
+endforeach()
+
+configure_package_config_file(cmake/KorvoQRParserConfig.cmake.in KorvoQRParserConfig.cmake
+    INSTALL_DESTINATION ${packageDir})
+write_basic_package_version_file(KorvoQRParserConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES
+    ${PROJECT_BINARY_DIR}/KorvoQRParserConfig.cmake
+    ${PROJECT_BINARY_DIR}/KorvoQRParserConfigVersion.cmake
+    DESTINATION ${packageDir} COMPONENT development)
+
+# The file finds its prefix from where it lies, so that the tree may be moved.
+find_package(Threads REQUIRED)
+file(RELATIVE_PATH KORVO_PC_TO_PREFIX
+    ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+string(REGEX REPLACE "/$" "" KORVO_PC_TO_PREFIX "${KORVO_PC_TO_PREFIX}")
+configure_file(cmake/korvoqrparser.pc.in korvoqrparser.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/korvoqrparser.pc
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)

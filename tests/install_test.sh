@@ -1,0 +1,114 @@
+#!/usr/bin/env bash
+# Installs the build, moves the installed tree, and uses it as somebody else's project does.
+# Usage: install_test.sh SOURCE BUILD VERSION COMPILER; stops at the first thing that is wrong.
+set -Eeuo pipefail
+trap 'echo "FAILED in line $LINENO: $BASH_COMMAND"' ERR
+source=$1 build=$2 version=$3 compiler=$4
+tests=$source/tests
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+not() {
+    ! "$@"
+}
+
+cmake --install "$build" --prefix "$work/first" > "$work/log"
+mkdir "$work/later"
+mv "$work/first" "$work/later/place"
+prefix=$work/later/place
+echo "no file knows where it was built or first installed"
+not grep -rlF -e "$work/first" -e "$source/" -e "$build/" "$prefix"
+
+# interface: the installed headers, the sizes that callers have compiled in, and what the shared library exports
+interface() {
+    (cd "$prefix/include" && find KorvoQRParser -type f | LC_ALL=C sort)
+    {
+        printf '#include <%s>\n' cstdio KorvoQRParser/KorvoQRParser.h
+        echo 'int main() {'
+        printf 'std::printf("%%zu bytes: %s\\n", sizeof(korvo::%s));\n' QRCodeData{,} QRCodeError{,} QRCodeParserResponse{,}
+        echo '}'
+    } > "$work/sizes.cpp"
+    "$compiler" -std=c++17 -I "$prefix/include" "$work/sizes.cpp" -o "$work/sizes"
+    "$work/sizes"
+    nm -D --defined-only "$prefix/lib/libKorvoQRParser.so" | awk '{ print $3 }' | c++filt |
+        sed -E 's/std::__cxx11::basic_string<char, std::char_traits<char>, std::allocator<char> ?>/std::string/g
+                s/std::basic_string_view<char, std::char_traits<char> ?>/std::string_view/g
+                s/std::vector<std::string, std::allocator<std::string ?> ?>/std::vector<std::string>/g' |
+        LC_ALL=C sort -u
+}
+echo "the interface is the approved one, tests/data/interface.txt"
+interface | diff "$tests/data/interface.txt" -
+
+echo "each header compiles alone"
+for header in $(cd "$prefix/include" && find KorvoQRParser -type f); do
+    for each in g++ clang++; do
+        echo "#include <$header>" | "$each" -std=c++17 -fsyntax-only -Wall -Wextra -Wpedantic -Wconversion -Wshadow \
+            -Werror -I "$prefix/include" -x c++ -
+    done
+done
+
+echo "the names of the shared library"
+library=$prefix/lib/libKorvoQRParser.so
+grep -q "SONAME.*\[libKorvoQRParser.so.${version%%.*}\]" <(readelf -d "$library")
+[[ $(readlink -f "$library") == */libKorvoQRParser.so.$version ]]
+
+accepted=$(cat "$tests/data/full.payload")
+cat "$tests/data/full.txt" "$tests/data/full.json" > "$work/record"
+# uses PROGRAM: it answers as it should, and is of the library's version.
+uses() {
+    [[ $("$@" "$accepted" | head -1) == "${version%%.*} "*"PROGRAM:KorvoQRParser  PROJECT:KorvoSDK-${version%%.*}" ]]
+    [[ $("$@" "${accepted/02104/02105}" | tail -1) == "1 3 48 " ]]
+    "$@" "$accepted" | tail -n +3 | diff "$work/record" -
+    grep -q "both forms" <("$@" "$accepted")
+}
+# needs PROGRAM LIBRARY
+needs() {
+    grep -q "NEEDED.*\[$2" <(readelf -d "$1")
+}
+# configure FOLDER [OPTION...]
+configure() {
+    local folder=$1
+    shift
+    cmake -G Ninja -S "$tests/consumer" -B "$folder" -D CMAKE_CXX_COMPILER="$compiler" -D CMAKE_PREFIX_PATH="$prefix" "$@"
+}
+
+for kind in static shared; do
+    echo "find_package, $kind"
+    configure "$work/$kind" -D WAY=package -D VERSION="${version%.*}" -D KIND=$kind > "$work/log"
+    cmake --build "$work/$kind" > "$work/log"
+    uses "$work/$kind/consumer"
+done
+needs "$work/static/consumer" libicu
+needs "$work/shared/consumer" libKorvoQRParser.so
+not needs "$work/static/consumer" libKorvoQRParser
+not needs "$work/shared/consumer" libicu
+configure "$work/shared" -D CMAKE_DISABLE_FIND_PACKAGE_ICU=ON > "$work/log" 2>&1
+
+# refuses WHY OPTION...: the package says why it cannot be used so
+refuses() {
+    local why=$1
+    shift
+    not configure "$work/refused" -D WAY=package "$@" > "$work/log" 2>&1
+    grep -q "$why" <(tr -s '\n ' ' ' < "$work/log")
+    rm -rf "$work/refused"
+}
+echo "find_package, refused"
+refuses "find_package for module ICU called with REQUIRED" -D CMAKE_DISABLE_FIND_PACKAGE_ICU=ON
+refuses "compatible with requested version" -D VERSION=$((${version%%.*} + 1))
+refuses "one of the components static and shared" -D KIND="static;shared"
+
+echo "pkg-config"
+export PKG_CONFIG_PATH=$prefix/lib/pkgconfig
+[[ $(pkg-config --modversion korvoqrparser) == "$version" ]]
+# shellcheck disable=SC2046
+"$compiler" -std=c++17 "$tests/consumer/main.cpp" -o "$work/shared/program" $(pkg-config --cflags --libs korvoqrparser)
+uses env LD_LIBRARY_PATH="$prefix/lib" "$work/shared/program"
+not needs "$work/shared/program" libicu
+mkdir "$prefix/lib/aside"
+mv "$prefix"/lib/libKorvoQRParser.so* "$prefix/lib/aside"
+# shellcheck disable=SC2046
+"$compiler" -std=c++17 "$tests/consumer/main.cpp" -o "$work/static/program" $(pkg-config --static --cflags --libs korvoqrparser)
+uses "$work/static/program"
+
+echo "the tool"
+[[ $("$prefix/bin/korvoqr" --version) == "korvoqr $version" ]]
+"$prefix/bin/korvoqr" parse "$accepted" | diff "$tests/data/full.txt" -

@@ -1,0 +1,137 @@
+#ifndef KORVOQR_BATCH_H
+#define KORVOQR_BATCH_H
+
+#include <condition_variable>
+#include <cstddef>
+#include <deque>
+#include <exception>
+#include <functional>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace korvoqr {
+
+/// Answers blocks of input on several threads and delivers the answers in the order of the blocks. With one
+/// job everything happens in the caller's thread, during `add`.
+///
+/// `Answer` is what `answer` makes of a block, on any thread. `deliver` is called with one answer at a time,
+/// as soon as that and all before it are there. At most four blocks for each thread are held at once.
+template <class Answer>
+class Batch {
+  public:
+    Batch(std::size_t jobs, std::function<Answer(const std::string&)> answer,
+          std::function<void(Answer)> deliver)
+        : answer_(std::move(answer)), deliver_(std::move(deliver)), most_(4 * jobs) {
+        for (std::size_t i = 0; jobs > 1 && i < jobs; ++i) {
+            workers_.emplace_back([this] { work(); });
+        }
+    }
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+    ~Batch() { stop(); }
+
+    /// Takes a block over; waits while too many are under way.
+    void add(std::string block) {
+        if (workers_.empty()) {
+            deliver_(answer_(block));
+            return;
+        }
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [this] { return tasks_.size() < most_ || failure_; });
+        if (failure_) {
+            return;  // for finish to tell
+        }
+        tasks_.push_back({std::move(block), {}, false});
+        changed_.notify_all();
+    }
+
+    /// Waits until everything has been delivered. Throws what a thread has thrown.
+    void finish() {
+        {
+            std::unique_lock lock(mutex_);
+            changed_.wait(lock, [this] { return tasks_.empty() || failure_; });
+        }
+        stop();
+        if (failure_) {
+            std::rethrow_exception(failure_);
+        }
+    }
+
+  private:
+    struct Task {
+        std::string block;
+        Answer answer;
+        bool isDone;
+    };
+
+    void work() {
+        std::unique_lock lock(mutex_);
+        while (true) {
+            changed_.wait(lock, [this] { return started_ < tasks_.size() || isEnding_ || failure_; });
+            if (started_ == tasks_.size() || failure_) {
+                return;
+            }
+            // Others add and take away at the ends only, which moves no task.
+            Task& task = tasks_[started_++];
+            try {
+                lock.unlock();
+                Answer answer = answer_(task.block);
+                lock.lock();
+                task.answer = std::move(answer);
+                task.isDone = true;
+                deliverDone(lock);
+            } catch (...) {
+                if (!lock.owns_lock()) {
+                    lock.lock();
+                }
+                failure_ = std::current_exception();
+                changed_.notify_all();
+            }
+        }
+    }
+
+    void deliverDone(std::unique_lock<std::mutex>& lock) {
+        while (!isDelivering_ && !tasks_.empty() && tasks_.front().isDone) {
+            Answer answer = std::move(tasks_.front().answer);
+            isDelivering_ = true;
+            lock.unlock();
+            deliver_(std::move(answer));
+            lock.lock();
+            isDelivering_ = false;
+            tasks_.pop_front();
+            --started_;
+            changed_.notify_all();
+        }
+    }
+
+    void stop() {
+        {
+            const std::lock_guard lock(mutex_);
+            isEnding_ = true;
+        }
+        changed_.notify_all();
+        for (std::thread& worker : workers_) {
+            worker.join();
+        }
+        workers_.clear();
+    }
+
+    std::function<Answer(const std::string&)> answer_;
+    std::function<void(Answer)> deliver_;
+    std::size_t most_;
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::deque<Task> tasks_;
+    std::size_t started_ = 0;
+    bool isDelivering_ = false;
+    bool isEnding_ = false;
+    std::exception_ptr failure_;
+    std::vector<std::thread> workers_;
+};
+
+}  // namespace korvoqr
+
+#endif

@@ -1,0 +1,40 @@
+#include "Commands.h"
+#include "Explanation.h"
+#include "ExplanationRendering.h"
+#include "InputRun.h"
+#include "PayloadInput.h"
+
+#include <utility>
+
+#include <unistd.h>
+
+namespace korvoqr {
+
+ExitStatus runExplain(const ExplainOptions& options) {
+    InputRun run(options.input);
+    const Style style = styleOf(STDOUT_FILENO, options.colour);
+    bool isFirst = true;
+    const auto explainOne = [&](std::string_view payload, const std::string& file, const std::string& place) {
+        const Explanation explanation = explain(payload);
+        if (!explanation.codes.empty()) {
+            run.noteRejected();
+        }
+        if (options.asJSON) {
+            run.output().write(explanationJSON(explanation, file));
+            return;
+        }
+        run.output().write(std::exchange(isFirst, false) ? "" : "\n");
+        run.output().write(place.empty() ? "" : painted(style, Paint::heading, place + ':') + '\n');
+        run.output().write(explanationText(explanation, style));
+    };
+    if (!run.forEachArgument(explainOne)) {
+        run.forEachBlock([&](const std::string& block) {
+            forEachPayload(block, run.delimiter(),
+                           [&](std::string_view payload) { explainOne(payload, "", ""); });
+            run.output().flush();
+        });
+    }
+    return run.finish();
+}
+
+}  // namespace korvoqr

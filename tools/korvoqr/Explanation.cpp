@@ -1,0 +1,367 @@
+#include "Explanation.h"
+
+#include "TagMeanings.h"
+#include "Terminal.h"
+#include <KorvoQRParser/Decoding/KorvoPayMerchantTLV.h>
+#include <KorvoQRParser/Decoding/TLVPayloadWalk.h>
+#include <KorvoQRParser/Decoding/TextHelpers.h>
+#include <KorvoQRParser/KorvoQRParser.h>
+#include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
+#include <KorvoQRParser/Validation/SharedRules.h>
+
+#include <algorithm>
+#include <array>
+
+namespace korvoqr {
+
+namespace {
+
+using korvo::TLVDecodingError;
+using korvo::TLVFault;
+
+bool isAdditionalData(const ExplainedElement& element) {
+    return element.name == "62";
+}
+
+std::size_t charactersOf(const ExplainedElement& element) {
+    // A tag is as wide as a length field.
+    const std::size_t fieldWidth = element.isInsideAdditionalData || element.name.size() == 2 ? 2 : 1;
+    return 2 * fieldWidth + element.value.characterCount();
+}
+
+// Writes down what a walk meets.
+class Recorder {
+  public:
+    Recorder(std::vector<ExplainedElement>& elements, std::optional<TLVFault>& fault)
+        : elements_(elements), fault_(fault) {}
+
+    void visit(korvo::PayMerchantValidTLV01 tag, const korvo::TLVElement& element) {
+        add(element, std::string(rawValue(tag)), meaningOf(tag), false);
+    }
+    void visit(korvo::PMValidTLV01AdditionalDataField tag, const korvo::TLVElement& element) {
+        add(element, "62/" + std::string(rawValue(tag)), meaningOf(tag), true);
+    }
+    void visit(korvo::PayMerchantValidTLV00 tag, const korvo::TLVElement& element) {
+        add(element, std::string(rawValue(tag)), meaningOf(tag), false);
+    }
+    void stop(const TLVFault& fault) { fault_ = fault; }
+
+  private:
+    void add(const korvo::TLVElement& element, std::string name, std::string_view meaning, bool isInside) {
+        if (!elements_.empty() && isInside && isAdditionalData(elements_.back())) {
+            insideOffset_ = elements_.back().offset + 4;
+        }
+        std::size_t& offset = isInside ? insideOffset_ : rootOffset_;
+        elements_.push_back(
+            {offset, element.tag, element.length, element.value, std::move(name), meaning, isInside, {}});
+        offset += charactersOf(elements_.back());
+    }
+
+    std::vector<ExplainedElement>& elements_;
+    std::optional<TLVFault>& fault_;
+    std::size_t rootOffset_ = 0;
+    std::size_t insideOffset_ = 0;
+};
+
+std::string quoted(std::string_view text) {
+    return '"' + visible(text) + '"';
+}
+
+std::string counted(std::int64_t count, std::string_view noun) {
+    return std::to_string(count) + ' ' + std::string(noun) + (count == 1 ? "" : "s");
+}
+
+// Says of a walk's fault what is wrong and where.
+class FaultReader {
+  public:
+    FaultReader(std::string_view payload, const std::vector<ExplainedElement>& elements,
+                const TLVFault& fault)
+        : payload_(payload),
+          elements_(elements),
+          fault_(fault),
+          isInside_(fault.isInsideAdditionalData),
+          where_(isInside_ ? "inside tag 62, " : "") {}
+
+    ExplainedFault read() {
+        constexpr std::array<std::string_view, 4> names{"InvalidLength", "InvalidTagLength", "RepeatedTag",
+                                                        "InvalidTag"};
+        describe();
+        const auto split = static_cast<std::size_t>(position_ - payload_.data());
+        return {names[static_cast<std::size_t>(fault_.error)], where_ + reason_, characterOffset(),
+                before(split), after(split)};
+    }
+
+  private:
+    void describe() {
+        const auto& [error, format, isInside, element, rest] = fault_;
+        position_ = element.tag.empty() ? rest.data() : element.tag.data();
+        if (error == TLVDecodingError::RepeatedTag) {
+            describeRepeatedTag();
+        } else if (error == TLVDecodingError::InvalidTag) {
+            describeInvalidTag();
+        } else if (!describeMalformedBytes()) {
+            describeLength();
+        }
+    }
+
+    void describeRepeatedTag() {
+        const auto first = std::find_if(elements_.begin(), elements_.end(), [this](const auto& element) {
+            return element.isInsideAdditionalData == isInside_ &&
+                   korvo::lowerCased(element.tag) == korvo::lowerCased(fault_.element.tag);
+        });
+        reason_ = "tag " + visible(fault_.element.tag) + " occurs a second time";
+        if (first != elements_.end()) {
+            reason_ += ", first at offset " + std::to_string(first->offset);
+        }
+    }
+
+    void describeInvalidTag() {
+        const bool isKnown = !elements_.empty() && elements_.back().tag.data() >= fault_.element.tag.data();
+        if (!isKnown) {
+            const bool isTwoDigit = fault_.format.fieldWidth == 2;
+            reason_ = "tag " + quoted(fault_.element.tag) + " is not known; tags are " +
+                      (isInside_    ? "01 to 22"
+                       : isTwoDigit ? "00 to 63"
+                                    : "0 to 9, A and B");
+            return;
+        }
+        const auto checksum = std::find_if(elements_.begin(), elements_.end(),
+                                           [](const auto& element) { return element.name == "63"; });
+        if (checksum == elements_.end()) {
+            position_ = fault_.rest.data();
+            reason_ = "the payload ends without its checksum, tag 63";
+        } else {
+            const auto next = std::find_if(checksum, elements_.end(),
+                                           [](const auto& element) { return element.name != "63"; });
+            position_ = next->tag.data();
+            reason_ = "tag " + next->name + " follows the checksum, tag 63, which must be the last";
+        }
+    }
+
+    // Reading ends at bytes that are no text, whatever was to be read there.
+    bool describeMalformedBytes() {
+        korvo::CharacterReader characters(fault_.rest);
+        const std::int64_t wanted = wantedCharacters();
+        while (left_ < wanted && characters.take(1)) {
+            ++left_;
+        }
+        if (left_ == wanted) {
+            return false;
+        }
+        if (characters.atEnd()) {
+            return false;
+        }
+        const std::string_view unread = characters.rest();
+        std::size_t offset = 0;
+        std::size_t end = 0;
+        while (end < unread.size() && korvo::nextCodePoint(unread, end) >= 0) {
+            offset = end;
+        }
+        position_ = unread.data() + offset;
+        reason_ = "the bytes here are not UTF-8";
+        return true;
+    }
+
+    std::int64_t wantedCharacters() const {
+        const auto& [error, format, isInside, element, rest] = fault_;
+        if (error == TLVDecodingError::InvalidLength) {
+            return 2;
+        }
+        const bool isField = element.tag.empty() || element.length.empty();
+        return isField ? static_cast<std::int64_t>(format.fieldWidth)
+                       : std::max<std::int64_t>(format.readLength(element.length), 0);
+    }
+
+    void describeLength() {
+        const auto& [error, format, isInside, element, rest] = fault_;
+        const std::string width = counted(static_cast<std::int64_t>(format.fieldWidth), "character");
+        if (error == TLVDecodingError::InvalidLength) {
+            reason_ = "a payload has at least 2 characters, and this one has " + std::to_string(left_);
+        } else if (element.tag.empty()) {
+            reason_ = counted(left_, "character") + " left, but a tag takes " + width;
+        } else if (element.length.empty()) {
+            position_ = rest.data();
+            reason_ = counted(left_, "character") + " left, but the length of tag " + visible(element.tag) +
+                      " takes " + width;
+        } else {
+            position_ = element.length.data();
+            describeAnnouncedLength(format.readLength(element.length));
+        }
+    }
+
+    void describeAnnouncedLength(std::int64_t length) {
+        const auto& [error, format, isInside, element, rest] = fault_;
+        if (length >= format.minimumLength) {
+            reason_ = "length " + visible(element.length) + " announced";
+            if (format.fieldWidth == 1) {
+                reason_ += " (" + std::to_string(length) + ')';
+            }
+            reason_ += ", " + counted(left_, "character") + " left";
+        } else if (length == 0) {
+            reason_ = "length " + quoted(element.length) + ": an empty value is not allowed here";
+        } else {
+            reason_ =
+                "length " + quoted(element.length) + " is not " +
+                (format.fieldWidth == 1 ? "a digit of base 36 (0 to 9, a to z)" : "a number from 01 to 99");
+        }
+    }
+
+    // The element or boundary before the position from which a person will want to read.
+    const ExplainedElement* lastElementBefore(const char* position) const {
+        const auto last = std::find_if(elements_.rbegin(), elements_.rend(), [position](const auto& element) {
+            return element.tag.data() <= position;
+        });
+        return last == elements_.rend() ? nullptr : &*last;
+    }
+
+    std::size_t characterOffset() const {
+        const ExplainedElement* const last = lastElementBefore(position_);
+        const auto start = static_cast<std::size_t>((last != nullptr ? last->tag.data() : payload_.data()) -
+                                                    payload_.data());
+        const std::string_view text = payload_.substr(start);
+        const auto wanted = static_cast<std::size_t>(position_ - text.data());
+        std::size_t offset = last != nullptr ? last->offset : 0;
+        korvo::CharacterReader characters(text);
+        while (characters.offset() < wanted && characters.take(1)) {
+            ++offset;
+        }
+        // Characters that touch bytes which are no text cannot be told apart; their code points can.
+        for (std::size_t at = characters.offset(); at < wanted; ++offset) {
+            korvo::nextCodePoint(text, at);
+        }
+        return offset;
+    }
+
+    std::string_view before(std::size_t split) const {
+        constexpr std::size_t enough = 36;  // bytes, so that text and caret fit a line
+        std::size_t begin = split;
+        for (auto element = elements_.rbegin(); element != elements_.rend(); ++element) {
+            const auto start = static_cast<std::size_t>(element->tag.data() - payload_.data());
+            if (start <= split && split - start <= enough) {
+                begin = start;
+            }
+        }
+        // A value that is longer than that may be cut anywhere between two code points.
+        if (begin == split && split > 0) {
+            begin = split - std::min(split, enough);
+            while (begin < split && (static_cast<unsigned char>(payload_[begin]) & 0xC0U) == 0x80U) {
+                ++begin;
+            }
+        }
+        return payload_.substr(begin, split - begin);
+    }
+
+    std::string_view after(std::size_t split) const {
+        constexpr std::size_t enough = 24;
+        std::size_t end = split;
+        while (end < payload_.size() && end - split < enough) {
+            korvo::nextCodePoint(payload_, end);
+        }
+        return payload_.substr(split, end - split);
+    }
+
+    std::string_view payload_;
+    const std::vector<ExplainedElement>& elements_;
+    const TLVFault& fault_;
+    bool isInside_;
+    std::string where_;
+    std::string reason_;
+    const char* position_ = nullptr;
+    std::int64_t left_ = 0;  // characters in the rest of the fault's level, where they are too few
+};
+
+// Whether a catalogue's list of tags, such as "56, 57" or "62/01-62/08", names a tag.
+bool namesTag(std::string_view list, std::string_view tag) {
+    while (!list.empty()) {
+        const std::string_view item = list.substr(0, list.find(", "));
+        list.remove_prefix(std::min(list.size(), item.size() + 2));
+        const std::string_view first = item.substr(0, item.find('-'));
+        const std::string_view last = first.size() < item.size() ? item.substr(first.size() + 1) : first;
+        if (tag.size() == first.size() && first <= tag && tag <= last) {
+            return true;
+        }
+    }
+    return false;
+}
+
+using Elements = std::vector<ExplainedElement*>;
+
+bool contains(const Elements& elements, const ExplainedElement& element) {
+    return std::find(elements.begin(), elements.end(), &element) != elements.end();
+}
+
+// Which elements violate the rule of a code that several have part in: those that raise it when the others
+// are taken away.
+Elements violatorsAmong(const Elements& candidates, std::vector<ExplainedElement>& all, bool isTwoDigit,
+                        std::string_view code) {
+    Elements violators;
+    for (ExplainedElement* const candidate : candidates) {
+        korvo::KorvoPayMerchantTLV holder;
+        for (const ExplainedElement& element : all) {
+            if (&element != candidate && contains(candidates, element)) {
+                continue;
+            }
+            if (!isTwoDigit) {
+                holder.setTLV00Value(element.tag, element.value);
+            } else if (element.isInsideAdditionalData) {
+                holder.setTLV01Value("62", element.tag, element.value);
+            } else {
+                holder.setTLV01Value(element.tag, std::nullopt, element.value);
+            }
+        }
+        korvo::KorvoPayMerchantTLVValidator validator;
+        const auto codes = validator.validatePayMerchantTLV(&holder);
+        if (std::find(codes.begin(), codes.end(), code) != codes.end()) {
+            violators.push_back(candidate);
+        }
+    }
+    return violators.empty() ? candidates : violators;
+}
+
+void assign(Explanation& explanation, const korvo::ErrorCatalogueEntry& entry) {
+    const bool isTwoDigit = *explanation.isTwoDigit;
+    Elements concerned;
+    for (ExplainedElement& element : explanation.elements) {
+        if (namesTag(isTwoDigit ? entry.twoDigitTag : entry.oneCharacterTag, element.name)) {
+            concerned.push_back(&element);
+        }
+    }
+    if (concerned.empty()) {
+        explanation.absent.push_back(&entry);
+        return;
+    }
+    if (concerned.size() > 1) {
+        concerned = violatorsAmong(concerned, explanation.elements, isTwoDigit, entry.code);
+    }
+    for (ExplainedElement* const element : concerned) {
+        element->violations.push_back(&entry);
+    }
+}
+
+}  // namespace
+
+Explanation explain(std::string_view payload) {
+    Explanation explanation;
+    explanation.payload = payload;
+    explanation.isTwoDigit = korvo::TLVPayloadWalk<Recorder>::isTwoDigit(korvo::CharacterReader(payload));
+    std::optional<TLVFault> fault;
+    korvo::TLVPayloadWalk(Recorder(explanation.elements, fault)).walk(korvo::CharacterReader(payload));
+    if (const auto& error = korvo::QRCodeParser::parseQRData(payload).qrCodeError()) {
+        explanation.codes = error->errorCodes();
+    }
+    if (fault) {
+        explanation.fault = FaultReader(payload, explanation.elements, *fault).read();
+        return explanation;
+    }
+    for (const std::string& code : explanation.codes) {
+        if (code == korvo::KorvoErrorConstants::crcInvalidValue) {
+            explanation.computedChecksum = korvo::checksumOfPayload(payload);
+        }
+        if (const auto* const entry = korvo::findErrorCatalogueEntry(code)) {
+            assign(explanation, *entry);
+        }
+    }
+    return explanation;
+}
+
+}  // namespace korvoqr

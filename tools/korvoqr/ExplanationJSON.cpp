@@ -1,0 +1,73 @@
+#include "ExplanationRendering.h"
+
+#include <array>
+#include <cstdio>
+
+#include <nlohmann/json.hpp>
+
+namespace korvoqr {
+
+namespace {
+
+using JSON = nlohmann::ordered_json;
+
+JSON codesOf(const std::vector<const korvo::ErrorCatalogueEntry*>& entries) {
+    JSON codes = JSON::array();
+    for (const auto* const entry : entries) {
+        codes.push_back({{"code", entry->code}, {"name", entry->name}, {"meaning", entry->meaning}});
+    }
+    return codes;
+}
+
+JSON elementOf(const ExplainedElement& element) {
+    return {{"offset", element.offset},   {"tag", element.tag},
+            {"length", element.length},   {"value", element.value.text()},
+            {"meaning", element.meaning}, {"errors", codesOf(element.violations)}};
+}
+
+JSON elementsOf(const std::vector<ExplainedElement>& elements) {
+    JSON list = JSON::array();
+    for (const ExplainedElement& element : elements) {
+        if (element.isInsideAdditionalData) {
+            list.back()["elements"].push_back(elementOf(element));
+        } else {
+            list.push_back(elementOf(element));
+        }
+    }
+    return list;
+}
+
+}  // namespace
+
+std::string explanationJSON(const Explanation& explanation, std::string_view file) {
+    JSON object;
+    if (!file.empty()) {
+        object["file"] = file;
+    }
+    object["payload"] = explanation.payload;
+    if (explanation.isTwoDigit) {
+        object["format"] = *explanation.isTwoDigit ? "two-digit" : "one-character";
+    } else {
+        object["format"] = nullptr;
+    }
+    object["accepted"] = explanation.codes.empty();
+    object["errorCodes"] = explanation.codes;
+    object["elements"] = elementsOf(explanation.elements);
+    object["absent"] = codesOf(explanation.absent);
+    if (const auto& fault = explanation.fault) {
+        object["fault"] = {{"error", fault->error},
+                           {"offset", fault->offset},
+                           {"reason", fault->reason},
+                           {"before", fault->before},
+                           {"after", fault->after}};
+    }
+    if (explanation.computedChecksum) {
+        std::array<char, 8> digits{};
+        std::snprintf(digits.data(), digits.size(), "%04X", *explanation.computedChecksum);
+        object["checksum"] = {{"found", explanation.elements.back().value.text()},
+                              {"computed", digits.data()}};
+    }
+    return object.dump(-1, ' ', false, JSON::error_handler_t::replace) + '\n';
+}
+
+}  // namespace korvoqr

@@ -1,0 +1,156 @@
+#include "ExplanationRendering.h"
+#include <KorvoQRParser/Decoding/TextHelpers.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+namespace korvoqr {
+
+namespace {
+
+// Where the columns of the table begin: offset, tag, length, meaning, value.
+constexpr std::size_t tagColumn = 8;
+constexpr std::size_t lengthColumn = 15;
+constexpr std::size_t meaningColumn = 20;
+constexpr std::size_t valueColumn = 48;
+
+class Page {
+  public:
+    Page(const Explanation& explanation, const Style& style) : explanation_(explanation), style_(style) {}
+
+    std::string text() {
+        addVerdict();
+        if (!explanation_.elements.empty()) {
+            addElements();
+        }
+        if (!explanation_.absent.empty()) {
+            text_ += "\nElements that are not there:\n";
+            for (const auto* const entry : explanation_.absent) {
+                addViolation(*entry, 0);
+            }
+        }
+        if (explanation_.fault) {
+            addFault(*explanation_.fault);
+        }
+        return std::move(text_);
+    }
+
+  private:
+    void addVerdict() {
+        const auto& codes = explanation_.codes;
+        if (codes.empty()) {
+            text_ += painted(style_, Paint::good, "Accepted");
+        } else if (explanation_.fault) {
+            text_ += painted(style_, Paint::fault,
+                             "Refused with code 0: the payload cannot be split into elements");
+        } else {
+            text_ += painted(
+                style_, Paint::fault,
+                "Refused with " + std::to_string(codes.size()) + (codes.size() == 1 ? " code" : " codes"));
+        }
+        if (explanation_.isTwoDigit) {
+            text_ += *explanation_.isTwoDigit ? " (two-digit format)" : " (one-character format)";
+        }
+        text_ += '\n';
+    }
+
+    void addElements() {
+        text_ += '\n';
+        text_ += painted(style_, Paint::heading, "Offset  Tag    Len  Meaning                     Value");
+        text_ += '\n';
+        if (style_.boxes) {
+            std::string rule;
+            for (std::size_t i = 0; i < std::max(style_.width, valueColumn + 5); ++i) {
+                const bool isGap =
+                    i == 6 || i == 7 || i == 13 || i == 14 || i == 18 || i == 19 || i == 46 || i == 47;
+                rule += isGap ? " " : "─";
+            }
+            text_ += painted(style_, Paint::dim, rule) + '\n';
+        }
+        for (std::size_t i = 0; i < explanation_.elements.size(); ++i) {
+            const auto& elements = explanation_.elements;
+            addElement(elements[i], i + 1 < elements.size() && elements[i + 1].isInsideAdditionalData);
+        }
+    }
+
+    void addElement(const ExplainedElement& element, bool isFollowedInside) {
+        std::array<char, 32> offset{};
+        std::snprintf(offset.data(), offset.size(), "%6zu  ", element.offset);
+        text_ += painted(style_, Paint::dim, offset.data());
+        std::string tag = element.name;
+        if (element.isInsideAdditionalData && style_.boxes) {
+            tag = (isFollowedInside ? "├─ " : "└─ ") + std::string(element.tag);
+        }
+        text_ += padded(tag, lengthColumn - tagColumn);
+        text_ += padded(visible(element.length), meaningColumn - lengthColumn);
+        text_ += padded(element.meaning, valueColumn - meaningColumn);
+        // What is inside follows in rows of its own.
+        const bool isOpened = isFollowedInside && !element.isInsideAdditionalData;
+        addColumn(isOpened ? "" : '"' + visible(element.value.text()) + '"', valueColumn, false);
+        for (const auto* const entry : element.violations) {
+            addViolation(*entry, meaningColumn);
+        }
+    }
+
+    // The text at a column of the line begun, and further lines of it at the same one.
+    void addColumn(const std::string& text, std::size_t column, bool atBlanks) {
+        const std::size_t width = style_.width > column ? style_.width - column : 0;
+        const auto lines = wrapped(text, width, atBlanks);
+        for (std::size_t i = 0; i < lines.size(); ++i) {
+            text_ += i == 0 ? "" : std::string(column, ' ');
+            text_ += lines[i];
+            text_ += '\n';
+        }
+        trimEnd();
+    }
+
+    void trimEnd() {
+        const std::size_t last = text_.find_last_not_of(" \n");
+        text_.erase(last == std::string::npos ? 0 : last + 1);
+        text_ += '\n';
+    }
+
+    void addViolation(const korvo::ErrorCatalogueEntry& entry, std::size_t column) {
+        const std::string_view mark = style_.boxes ? "✗ " : "! ";
+        text_ += std::string(column, ' ');
+        std::string code(entry.code);
+        code += ' ';
+        code += entry.name;
+        text_ += painted(style_, Paint::fault, std::string(mark) + code) + '\n';
+        std::string meaning(entry.meaning);
+        if (entry.code == korvo::KorvoErrorConstants::crcInvalidValue && explanation_.computedChecksum) {
+            std::array<char, 8> digits{};
+            std::snprintf(digits.data(), digits.size(), "%04X", *explanation_.computedChecksum);
+            meaning += " Found: \"" + visible(explanation_.elements.back().value.text()) +
+                       "\"; computed: " + digits.data() + '.';
+        }
+        text_ += std::string(column + 2, ' ');
+        addColumn(meaning, column + 2, true);
+    }
+
+    void addFault(const ExplainedFault& fault) {
+        text_ += '\n';
+        addColumn(
+            std::string(fault.error) + " at offset " + std::to_string(fault.offset) + ": " + fault.reason, 0,
+            true);
+        const bool isBeginning = fault.before.data() == explanation_.payload.data();
+        const bool isEnd = fault.after.data() + fault.after.size() ==
+                           explanation_.payload.data() + explanation_.payload.size();
+        const std::string before = (isBeginning ? "  " : "  ...") + visible(fault.before);
+        text_ += before + visible(fault.after) + (isEnd ? "\n" : "...\n");
+        text_ += std::string(displayWidth(before), ' ') + painted(style_, Paint::fault, "^") + '\n';
+    }
+
+    const Explanation& explanation_;
+    Style style_;
+    std::string text_;
+};
+
+}  // namespace
+
+std::string explanationText(const Explanation& explanation, const Style& style) {
+    return Page(explanation, style).text();
+}
+
+}  // namespace korvoqr

@@ -1,0 +1,85 @@
+#include "InputRun.h"
+
+#include "ImageReader.h"
+#include "PayloadInput.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+
+#include <sys/stat.h>
+
+namespace korvoqr {
+
+InputRun::InputRun(const InputOptions& options) : options_(options) {
+    // A reader that has gone is told by the failed write, so that the run ends with its ordinary status.
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
+bool InputRun::forEachArgument(
+    const std::function<void(std::string_view, const std::string&, const std::string&)>& handle) {
+    for (const std::string& payload : options_.payloads) {
+        if (!output_.isClosed()) {
+            handle(payload, "", "");
+        }
+    }
+    for (const std::string& file : options_.images) {
+        if (output_.isClosed()) {
+            break;
+        }
+        const ImageContent content = readQRCodes(file);
+        if (!content.problem.empty()) {
+            std::fprintf(
+                stderr,
+                "korvoqr: cannot read %s: %s; type --image FILE with PNG or JPEG pictures of QR codes\n",
+                visible(file).c_str(), content.problem.c_str());
+            someInputError_ = true;
+        }
+        const std::size_t count = content.payloads.size();
+        for (std::size_t i = 0; i < count; ++i) {
+            const std::string number = ", code " + std::to_string(i + 1) + " of " + std::to_string(count);
+            handle(content.payloads[i], isUTF8(file) ? file : visible(file),
+                   visible(file) + (count > 1 ? number : ""));
+        }
+    }
+    return !options_.payloads.empty() || !options_.images.empty();
+}
+
+void InputRun::forEachBlock(const std::function<void(std::string)>& handle) {
+    const InputFile input(options_.file);
+    const int error =
+        input.descriptor() < 0 ? errno : readBlocks(input.descriptor(), delimiter(), [&](std::string block) {
+            handle(std::move(block));
+            return !output_.isClosed();
+        });
+    if (error != 0) {
+        const bool isNamed = !options_.file.empty() && options_.file != "-";
+        std::fprintf(
+            stderr,
+            "korvoqr: cannot read %s: %s; type korvoqr parse PAYLOAD, or give a file with --input FILE\n",
+            isNamed ? visible(options_.file).c_str() : "standard input",
+            std::strerror(error));  // NOLINT(concurrency-mt-unsafe): one thread reads
+        someInputError_ = true;
+    }
+}
+
+std::uint64_t InputRun::fileSize() const {
+    struct stat status {};
+    const InputFile input(options_.file);
+    const bool isFile = ::fstat(input.descriptor(), &status) == 0 && S_ISREG(status.st_mode);
+    return isFile ? static_cast<std::uint64_t>(status.st_size) : 0;
+}
+
+ExitStatus InputRun::finish() {
+    output_.flush();
+    if (output_.isClosed() && output_.errorNumber() != EPIPE) {
+        std::fprintf(stderr, "korvoqr: cannot write standard output: %s\n",
+                     std::strerror(output_.errorNumber()));  // NOLINT(concurrency-mt-unsafe)
+        return usageOrInputError;
+    }
+    return someInputError_ ? usageOrInputError : someRejected_ ? someRejected : allAccepted;
+}
+
+}  // namespace korvoqr

@@ -1,0 +1,174 @@
+#include "Terminal.h"
+
+#include <KorvoQRParser/Decoding/CharacterReader.h>
+
+#include <algorithm>
+#include <array>
+#include <clocale>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include <langinfo.h>
+#include <sys/ioctl.h>
+#include <unicode/uchar.h>
+#include <unistd.h>
+
+namespace korvoqr {
+
+namespace {
+
+constexpr std::int32_t zeroWidthNonJoiner = 0x200C;
+constexpr std::int32_t zeroWidthJoiner = 0x200D;
+constexpr std::int32_t emojiVariation = 0xFE0F;
+
+bool isSet(const char* variable) {
+    const char* const value = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe): nobody sets any
+    return value != nullptr && *value != '\0';
+}
+
+bool isSmart(int fileDescriptor) {
+    const char* const terminal = std::getenv("TERM");  // NOLINT(concurrency-mt-unsafe)
+    return isatty(fileDescriptor) != 0 && terminal != nullptr && std::strcmp(terminal, "dumb") != 0;
+}
+
+bool isLocaleUTF8() {
+    std::setlocale(LC_CTYPE, "");                            // NOLINT(concurrency-mt-unsafe)
+    return std::strcmp(nl_langinfo(CODESET), "UTF-8") == 0;  // NOLINT(concurrency-mt-unsafe)
+}
+
+std::size_t widthOf(int fileDescriptor) {
+    constexpr std::size_t narrowest = 60;  // less than this is no room for a table
+    winsize size{};
+    if (ioctl(fileDescriptor, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) {
+        return 80;
+    }
+    return std::max<std::size_t>(size.ws_col, narrowest);
+}
+
+// What a person does not see or a terminal obeys. The joiners shape Indic letters and emoji.
+bool isInvisible(std::int32_t codePoint) {
+    constexpr std::uint32_t mask =
+        U_GC_CC_MASK | U_GC_CF_MASK | U_GC_ZL_MASK | U_GC_ZP_MASK | U_GC_CN_MASK | U_GC_CO_MASK;
+    return (U_GET_GC_MASK(codePoint) & mask) != 0 && codePoint != zeroWidthJoiner &&
+           codePoint != zeroWidthNonJoiner;
+}
+
+std::size_t columnsOf(std::int32_t codePoint) {
+    if ((U_GET_GC_MASK(codePoint) & (U_GC_MN_MASK | U_GC_ME_MASK | U_GC_CF_MASK)) != 0) {
+        return 0;
+    }
+    switch (u_getIntPropertyValue(codePoint, UCHAR_GRAPHEME_CLUSTER_BREAK)) {
+        case U_GCB_V:
+        case U_GCB_T:
+            return 0;  // they are drawn into the syllable that they close
+        default:
+            break;
+    }
+    const int width = u_getIntPropertyValue(codePoint, UCHAR_EAST_ASIAN_WIDTH);
+    return width == U_EA_WIDE || width == U_EA_FULLWIDTH ? 2 : 1;
+}
+
+}  // namespace
+
+Style styleOf(int fileDescriptor, ColourChoice choice) {
+    if (choice == ColourChoice::never) {
+        return {.width = isSmart(fileDescriptor) ? widthOf(fileDescriptor) : 0};
+    }
+    if (choice == ColourChoice::always) {
+        return {.colour = true, .boxes = true, .width = widthOf(fileDescriptor)};
+    }
+    if (!isSmart(fileDescriptor)) {
+        return {};
+    }
+    return {.colour = !isSet("NO_COLOR"), .boxes = isLocaleUTF8(), .width = widthOf(fileDescriptor)};
+}
+
+std::string painted(const Style& style, Paint paint, std::string_view text) {
+    constexpr std::array<std::string_view, 4> codes{"1", "31", "2", "32"};
+    if (!style.colour || text.empty()) {
+        return std::string(text);
+    }
+    std::string result = "\x1B[";
+    result += codes.at(static_cast<std::size_t>(paint));
+    result += 'm';
+    result += text;
+    return result += "\x1B[0m";
+}
+
+std::string visible(std::string_view text) {
+    std::string result;
+    std::array<char, 16> escape{};
+    for (std::size_t offset = 0; offset < text.size();) {
+        const std::size_t start = offset;
+        const std::int32_t codePoint = korvo::nextCodePoint(text, offset);
+        if (codePoint >= 0 && !isInvisible(codePoint)) {
+            if (codePoint == '"' || codePoint == '\\') {
+                result += '\\';
+            }
+            result += text.substr(start, offset - start);
+        } else if (codePoint >= 0x80) {
+            std::snprintf(escape.data(), escape.size(), "\\u{%X}", static_cast<unsigned>(codePoint));
+            result += escape.data();
+        } else {
+            for (const char byte : text.substr(start, offset - start)) {
+                std::snprintf(escape.data(), escape.size(), "\\x%02X", static_cast<unsigned char>(byte));
+                result += escape.data();
+            }
+        }
+    }
+    return result;
+}
+
+std::size_t displayWidth(std::string_view text) {
+    std::size_t columns = 0;
+    bool isJoined = false;
+    for (std::size_t offset = 0; offset < text.size();) {
+        const std::int32_t codePoint = korvo::nextCodePoint(text, offset);
+        const bool isModifier = u_hasBinaryProperty(codePoint, UCHAR_EMOJI_MODIFIER) != 0;
+        if (codePoint == emojiVariation) {
+            ++columns;  // it makes a narrow sign a wide picture
+        } else if (!isModifier && !(isJoined && u_hasBinaryProperty(codePoint, UCHAR_EMOJI) != 0)) {
+            columns += columnsOf(codePoint);
+        }
+        isJoined = codePoint == zeroWidthJoiner;
+    }
+    return columns;
+}
+
+std::string padded(std::string_view text, std::size_t width) {
+    const std::size_t columns = displayWidth(text);
+    return std::string(text) + std::string(columns < width ? width - columns : 0, ' ');
+}
+
+std::vector<std::string_view> wrapped(std::string_view text, std::size_t width, bool atBlanks) {
+    std::vector<std::string_view> lines;
+    korvo::CharacterReader characters(text);
+    std::size_t start = 0;
+    std::size_t breakAt = 0;  // behind the last blank of this line; none while it is not behind the start
+    std::size_t columns = 0;
+    while (width > 0) {
+        const std::size_t before = characters.offset();
+        const auto character = characters.take(1);
+        if (!character) {
+            break;
+        }
+        columns += displayWidth(*character);
+        if (columns > width && before > start) {
+            const std::size_t end = atBlanks && breakAt > start ? breakAt : before;
+            lines.push_back(text.substr(start, end - start));
+            start = end;
+            columns = displayWidth(text.substr(start, characters.offset() - start));
+        }
+        if (*character == " ") {
+            breakAt = characters.offset();
+        }
+    }
+    if (start < text.size() || lines.empty()) {
+        lines.push_back(text.substr(start));
+    }
+    return lines;
+}
+
+}  // namespace korvoqr

@@ -1,0 +1,45 @@
+#ifndef KORVOQR_TERMINAL_H
+#define KORVOQR_TERMINAL_H
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvoqr {
+
+enum class ColourChoice : unsigned char { automatic, always, never };
+
+/// How much more than plain text a stream may carry.
+struct Style {
+    bool colour = false;
+    bool boxes = false;     ///< box-drawing and block characters
+    std::size_t width = 0;  ///< columns to wrap at; 0 for none
+};
+
+/// What suits a file descriptor. Everything on a terminal whose locale is UTF-8, but for colour where
+/// NO_COLOR is set; plain text elsewhere. `always` and `never` overrule that, and always does NO_COLOR too.
+Style styleOf(int fileDescriptor, ColourChoice choice);
+
+enum class Paint : unsigned char { heading, fault, dim, good };
+
+/// The text in a colour or, where the style has none, as it is.
+std::string painted(const Style& style, Paint paint, std::string_view text);
+
+/// The text as it can be shown without harm: what a terminal would obey, hide or reorder (controls, format
+/// characters, bytes that are not UTF-8), quotation marks and backslashes are written as \x1B or \u{202E}.
+std::string visible(std::string_view text);
+
+/// How many columns a terminal gives to a text that `visible` has made.
+std::size_t displayWidth(std::string_view text);
+
+/// The text with blanks behind it up to a number of columns.
+std::string padded(std::string_view text, std::size_t width);
+
+/// The text in pieces of at most `width` columns, cut between user-perceived characters; with `atBlanks`
+/// after the last blank that fits, where there is one. The whole text for a width of 0.
+std::vector<std::string_view> wrapped(std::string_view text, std::size_t width, bool atBlanks);
+
+}  // namespace korvoqr
+
+#endif
