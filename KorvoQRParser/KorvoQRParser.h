@@ -21,6 +21,7 @@
 /// Start at QRCodeParser; QRCodeData is the record, KorvoErrorConstants.h lists the codes.
 
 #include <KorvoQRParser/KorvoQRParserExport.h>
+#include <KorvoQRParser/KorvoQRParserVersion.h>
 #include <KorvoQRParser/Model/QRCodeData.h>
 #include <KorvoQRParser/Parser/KorvoQRConstants.h>
 #include <KorvoQRParser/Parser/QRCodeError.h>
@@ -30,14 +31,5 @@
 
 /// The library as C++ programs see it.
 namespace korvo {}
-
-extern "C" {
-
-/// The library's version as a number: 1.0.
-KORVO_EXPORT extern const double KorvoQRParserVersionNumber;
-
-/// The library's version as what(1) finds it in a binary; one line with its line feed, NUL-terminated.
-KORVO_EXPORT extern const char KorvoQRParserVersionString[];
-}
 
 #endif

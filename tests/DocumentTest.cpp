@@ -13,6 +13,7 @@ TEST(Documents, ReadmeKeepsInStep) {
         EXPECT_NE(readme.find(text), std::string::npos) << "README.md lacks: " << text;
     };
     expectInReadme("```cpp\n" + readFile(KORVOQR_SOURCE_DIR "/examples/pay.cpp") + "```\n");
+    expectInReadme("```objc\n" + readFile(KORVOQR_SOURCE_DIR "/examples/objc/record.m") + "```\n");
     const std::string run = readFile(KORVOQR_SOURCE_DIR "/scripts/run");
     const auto start = run.find("sample='") + 8;
     const std::string sample = run.substr(start, run.find('\'', start) - start);

@@ -11,4 +11,4 @@ page() {
 grep -qzP 'crcInvalidValue = "48"\n.*The checksum is not 4 characters' <(page namespacekorvo_1_1KorvoErrorConstants.html)
 grep -q "Tag 62/09 in the two-digit format" <(page namespacekorvo_1_1KorvoErrorConstants.html)
 grep -q "Sets isAddDataNpci2Mandatory()" <(page classkorvo_1_1QRCodeData.html)
-grep -q KorvoQRParserVersionString <(page KorvoQRParser_8h.html)
+grep -q KorvoQRParserVersionString <(page KorvoQRParserVersion_8h.html)

@@ -1,0 +1,20 @@
+#ifndef KORVOQRPARSER_OBJECTIVEC_OBJECTS_H
+#define KORVOQRPARSER_OBJECTIVEC_OBJECTS_H
+
+#include <KorvoQRParser/Model/QRCodeData.h>
+#import <KorvoQRParser/ObjectiveC/QRCodeData.h>
+#import <KorvoQRParser/ObjectiveC/QRCodeError.h>
+#include <KorvoQRParser/Parser/QRCodeError.h>
+
+#include <memory>
+
+/// Makes the object that stands for a parse's record or error; nil for null. The caller owns it. Functions
+/// and not methods, so that the classes have no selectors beyond the published ones.
+namespace korvo::objectivec {
+
+::QRCodeData* newQRCodeData(std::shared_ptr<QRCodeData> record) NS_RETURNS_RETAINED;
+::QRCodeError* newQRCodeError(std::shared_ptr<QRCodeError> error) NS_RETURNS_RETAINED;
+
+}  // namespace korvo::objectivec
+
+#endif

@@ -1,0 +1,73 @@
+#include "Objects.h"
+#include "Ownership.h"
+#include "Text.h"
+#include <KorvoQRParser/Model/QRCodeDataProperties.h>
+
+#include <utility>
+
+using korvo::objectivec::stringFromText;
+using korvo::objectivec::textFromString;
+
+struct KorvoQRCodeDataStorage {
+    std::shared_ptr<korvo::QRCodeData> record;
+};
+
+@implementation QRCodeData
+
+- (instancetype)init {
+    self = [super init];
+    if (self != nil) {
+        _storage = new KorvoQRCodeDataStorage{std::make_shared<korvo::QRCodeData>()};
+    }
+    return self;
+}
+
+- (void)dealloc {
+    delete _storage;
+    KORVO_SUPER_DEALLOC;
+}
+
+- (NSString*)jsonOutput {
+    return stringFromText(_storage->record->jsonOutput());
+}
+
+- (NSString*)description {
+    return stringFromText(_storage->record->description());
+}
+
+#define KORVO_TEXT(name, Name)                                                                             \
+    -(NSString*)name {                                                                                     \
+        const auto& text = _storage->record->name();                                                       \
+        return text ? stringFromText(*text) : nil;                                                         \
+    }                                                                                                      \
+    -(void)set##Name : (NSString*)value {                                                                  \
+        _storage->record->set##Name(                                                                       \
+            value == nil ? std::nullopt                                                                    \
+                         : std::optional(textFromString(value, korvo::objectivec::replacementCharacter))); \
+    }
+#define KORVO_FLAG(name, Name)                    \
+    -(BOOL)name {                                 \
+        return _storage->record->name();          \
+    }                                             \
+    -(void)set##Name : (BOOL)value {              \
+        _storage->record->set##Name(value != NO); \
+    }
+
+KORVO_VALUE_PROPERTIES(KORVO_TEXT)
+KORVO_IDENTIFIER_FLAG_PROPERTIES(KORVO_FLAG)
+KORVO_LENGTH_PROPERTIES(KORVO_TEXT)
+KORVO_ADDITIONAL_DATA_FLAG_PROPERTIES(KORVO_FLAG)
+
+#undef KORVO_FLAG
+#undef KORVO_TEXT
+
+QRCodeData* korvo::objectivec::newQRCodeData(std::shared_ptr<korvo::QRCodeData> record) {
+    if (record == nullptr) {
+        return nil;
+    }
+    ::QRCodeData* data = [[::QRCodeData alloc] init];
+    data->_storage->record = std::move(record);
+    return data;
+}
+
+@end

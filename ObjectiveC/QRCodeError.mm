@@ -1,0 +1,78 @@
+#include "Objects.h"
+#include "Ownership.h"
+#include "Text.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+struct KorvoQRCodeErrorStorage {
+    std::shared_ptr<korvo::QRCodeError> error;
+};
+
+namespace {
+
+std::vector<std::string> codesFromArray(NSArray<NSString*>* array) {
+    std::vector<std::string> codes;
+    const NSUInteger count = [array count];
+    codes.reserve(count);
+    for (NSUInteger i = 0; i < count; ++i) {
+        codes.push_back(korvo::objectivec::textFromString([array objectAtIndex:i],
+                                                          korvo::objectivec::replacementCharacter));
+    }
+    return codes;
+}
+
+}  // namespace
+
+@implementation QRCodeError
+
+- (instancetype)init {
+    korvo::objectivec::stopAtInit("QRCodeError", "initWithErrorCodes:");
+}
+
+- (instancetype)initWithErrorCodes:(NSArray<NSString*>*)errorCodes {
+    self = [super init];
+    if (self != nil) {
+        _storage =
+            new KorvoQRCodeErrorStorage{std::make_shared<korvo::QRCodeError>(codesFromArray(errorCodes))};
+    }
+    return self;
+}
+
+- (void)dealloc {
+    delete _storage;
+    KORVO_SUPER_DEALLOC;
+}
+
+- (NSArray<NSString*>*)errorCodes {
+    const auto& codes = _storage->error->errorCodes();
+    NSMutableArray<NSString*>* array = [[NSMutableArray alloc] initWithCapacity:codes.size()];
+    for (const std::string& code : codes) {
+        NSString* string = korvo::objectivec::newStringFromText(code);
+        [array addObject:string];
+        KORVO_RELEASE(string);
+    }
+    return KORVO_AUTORELEASE(array);
+}
+
+- (void)setErrorCodes:(NSArray<NSString*>*)errorCodes {
+    _storage->error->setErrorCodes(codesFromArray(errorCodes));
+}
+
+- (NSString*)description {
+    return korvo::objectivec::stringFromText(_storage->error->description());
+}
+
+QRCodeError* korvo::objectivec::newQRCodeError(std::shared_ptr<korvo::QRCodeError> error) {
+    if (error == nullptr) {
+        return nil;
+    }
+    NSArray<NSString*>* none = [[NSArray alloc] init];
+    ::QRCodeError* object = [[::QRCodeError alloc] initWithErrorCodes:none];
+    KORVO_RELEASE(none);
+    object->_storage->error = std::move(error);
+    return object;
+}
+
+@end

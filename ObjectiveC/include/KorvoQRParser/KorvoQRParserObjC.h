@@ -1,0 +1,36 @@
+#ifndef KORVOQRPARSER_KORVOQRPARSEROBJC_H
+#define KORVOQRPARSER_KORVOQRPARSEROBJC_H
+
+/// KorvoQRParser for Objective-C and Swift. It reads the text of a merchant-presented payment QR code and
+/// answers with the merchant's record or with the codes of all the rules that the text violates.
+///
+/// This is the one header to import:
+///
+///     QRCodeParserResponse *response = [QRCodeParser parseQRDataWithQrCodeString:scannedText];
+///     if (response.qrCodeData != nil) {
+///         [self payTo:response.qrCodeData.korvoMerchantPAN];
+///     } else {
+///         [self show:response.qrCodeError.errorCodes];
+///     }
+///
+/// In Swift, after `import KorvoQRParser`:
+///
+///     let response = QRCodeParser.parseQRData(qrCodeString: scannedText)
+///     if let data = response.qrCodeData {
+///         pay(data.korvoMerchantPAN)
+///     } else if let error = response.qrCodeError {
+///         show(error.errorCodes)
+///     }
+///
+/// Texts go in and come out whole, NUL and characters beyond the Basic Multilingual Plane included. Only a
+/// surrogate without its other half is no text: in a payload it makes the payload malformed; in a property or
+/// an error code U+FFFD takes its place. Objects that an operation returns are autoreleased, as usual; the
+/// form with a completion handler leaves none behind, so it suits threads that have no autorelease pool.
+
+#import <KorvoQRParser/KorvoQRParserVersion.h>
+#import <KorvoQRParser/ObjectiveC/QRCodeData.h>
+#import <KorvoQRParser/ObjectiveC/QRCodeError.h>
+#import <KorvoQRParser/ObjectiveC/QRCodeParser.h>
+#import <KorvoQRParser/ObjectiveC/QRCodeParserResponse.h>
+
+#endif

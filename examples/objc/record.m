@@ -1,0 +1,16 @@
+#import <KorvoQRParser/KorvoQRParserObjC.h>
+
+#include <stdio.h>
+
+int main(int argc, char** argv) {
+    @autoreleasepool {
+        NSString* payload = argc > 1 ? [NSString stringWithUTF8String:argv[1]] : @"";
+        QRCodeParserResponse* response = [QRCodeParser parseQRDataWithQrCodeString:payload];
+        if (response.qrCodeData == nil) {
+            fprintf(stderr, "Refused, codes %s\n", response.qrCodeError.description.UTF8String);
+            return 1;
+        }
+        printf("%s", response.qrCodeData.description.UTF8String);
+        return 0;
+    }
+}
