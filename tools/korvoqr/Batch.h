@@ -23,7 +23,7 @@ template <class Answer>
 class Batch {
   public:
     Batch(std::size_t jobs, std::function<Answer(const std::string&)> answer,
-          std::function<void(Answer)> deliver)
+          std::function<void(const Answer&)> deliver)
         : answer_(std::move(answer)), deliver_(std::move(deliver)), most_(4 * jobs) {
         for (std::size_t i = 0; jobs > 1 && i < jobs; ++i) {
             workers_.emplace_back([this] { work(); });
@@ -64,7 +64,7 @@ class Batch {
     struct Task {
         std::string block;
         Answer answer;
-        bool isDone;
+        bool isDone = false;
     };
 
     void work() {
@@ -95,10 +95,10 @@ class Batch {
 
     void deliverDone(std::unique_lock<std::mutex>& lock) {
         while (!isDelivering_ && !tasks_.empty() && tasks_.front().isDone) {
-            Answer answer = std::move(tasks_.front().answer);
+            const Answer answer = std::move(tasks_.front().answer);
             isDelivering_ = true;
             lock.unlock();
-            deliver_(std::move(answer));
+            deliver_(answer);
             lock.lock();
             isDelivering_ = false;
             tasks_.pop_front();
@@ -120,7 +120,7 @@ class Batch {
     }
 
     std::function<Answer(const std::string&)> answer_;
-    std::function<void(Answer)> deliver_;
+    std::function<void(const Answer&)> deliver_;
     std::size_t most_;
     std::mutex mutex_;
     std::condition_variable changed_;

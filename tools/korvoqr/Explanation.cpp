@@ -234,13 +234,12 @@ class FaultReader {
 
     std::string_view before(std::size_t split) const {
         constexpr std::size_t enough = 36;  // bytes, so that text and caret fit a line
-        std::size_t begin = split;
-        for (auto element = elements_.rbegin(); element != elements_.rend(); ++element) {
-            const auto start = static_cast<std::size_t>(element->tag.data() - payload_.data());
-            if (start <= split && split - start <= enough) {
-                begin = start;
-            }
-        }
+        const auto first = std::find_if(elements_.begin(), elements_.end(), [&](const auto& element) {
+            const auto start = static_cast<std::size_t>(element.tag.data() - payload_.data());
+            return start + enough >= split && start <= split;
+        });
+        std::size_t begin =
+            first == elements_.end() ? split : static_cast<std::size_t>(first->tag.data() - payload_.data());
         // A value that is longer than that may be cut anywhere between two code points.
         if (begin == split && split > 0) {
             begin = split - std::min(split, enough);

@@ -42,8 +42,7 @@ class Page {
         if (codes.empty()) {
             text_ += painted(style_, Paint::good, "Accepted");
         } else if (explanation_.fault) {
-            text_ += painted(style_, Paint::fault,
-                             "Refused with code 0: it cannot be split into elements");
+            text_ += painted(style_, Paint::fault, "Refused with code 0: it cannot be split into elements");
         } else {
             text_ += painted(
                 style_, Paint::fault,

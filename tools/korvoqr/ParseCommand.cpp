@@ -7,7 +7,7 @@
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
-#include <utility>
+#include <string>
 #include <vector>
 
 #include <unistd.h>
@@ -54,7 +54,7 @@ class ParseRun {
                     answers.text = place + ":\n";
                 }
                 answer(payload, options_.format, file, answers);
-                deliver(std::move(answers));
+                deliver(answers);
             });
         if (!hasArguments) {
             parseFile();
@@ -84,8 +84,8 @@ class ParseRun {
                 });
                 return answers;
             },
-            [this](Answers answers) {
-                deliver(std::move(answers));
+            [this](const Answers& answers) {
+                deliver(answers);
                 // Whoever wrote the payloads may be waiting for the answers.
                 run_.output().flush();
             });
@@ -93,7 +93,7 @@ class ParseRun {
         batch.finish();
     }
 
-    void deliver(Answers answers) {
+    void deliver(const Answers& answers) {
         if (options_.format == Format::text && tally_.payloads() > 0) {
             run_.output().write("\n");
         }
@@ -101,9 +101,9 @@ class ParseRun {
         for (const std::uint64_t number : answers.unprintable) {
             std::fprintf(
                 stderr,
-                "korvoqr: payload %llu is accepted, but JSON output is empty for values outside ASCII; "
+                "korvoqr: payload %s is accepted, but JSON output is empty for values outside ASCII; "
                 "type --format jsonl to see it\n",
-                static_cast<unsigned long long>(tally_.payloads() + number));
+                std::to_string(tally_.payloads() + number).c_str());
         }
         tally_.add(answers.tally);
         bytes_ += answers.bytes;

@@ -43,14 +43,13 @@ struct CommandLine {
     korvoqr::ParseOptions parseOptions;
     korvoqr::ExplainOptions explainOptions;
     korvoqr::CodesOptions codesOptions;
+    const std::map<std::string, korvoqr::Format> formats{
+        {"text", korvoqr::Format::text}, {"json", korvoqr::Format::json}, {"jsonl", korvoqr::Format::jsonl}};
+    const std::map<std::string, bool> textOrJSON{{"text", false}, {"json", true}};
+    const std::map<std::string, korvoqr::ColourChoice> colours{{"auto", korvoqr::ColourChoice::automatic},
+                                                               {"always", korvoqr::ColourChoice::always},
+                                                               {"never", korvoqr::ColourChoice::never}};
 };
-
-const std::map<std::string, korvoqr::Format> formats{
-    {"text", korvoqr::Format::text}, {"json", korvoqr::Format::json}, {"jsonl", korvoqr::Format::jsonl}};
-const std::map<std::string, bool> textOrJSON{{"text", false}, {"json", true}};
-const std::map<std::string, korvoqr::ColourChoice> colours{{"auto", korvoqr::ColourChoice::automatic},
-                                                           {"always", korvoqr::ColourChoice::always},
-                                                           {"never", korvoqr::ColourChoice::never}};
 
 // An option that takes one of a few words.
 template <class Value>
@@ -64,8 +63,8 @@ void addChoice(CLI::App* command, const std::string& name, Value& value,
         ->check(CLI::IsMember(words));
 }
 
-void addColour(CLI::App* command, korvoqr::ColourChoice& colour) {
-    addChoice(command, "--color", colour, colours, "auto|always|never",
+void addColour(const CommandLine& line, CLI::App* command, korvoqr::ColourChoice& colour) {
+    addChoice(command, "--color", colour, line.colours, "auto|always|never",
               "auto: on a terminal, unless NO_COLOR is set");
 }
 
@@ -87,14 +86,14 @@ void addParse(CommandLine& line) {
     auto& options = line.parseOptions;
     line.parse = line.app.add_subcommand("parse", "Prints records, or the codes of the rules violated.");
     addInput(line.parse, options.input);
-    addChoice(line.parse, "--format", options.format, formats, "text|json|jsonl",
+    addChoice(line.parse, "--format", options.format, line.formats, "text|json|jsonl",
               "jsonl: one line for each payload");
     line.parse->add_option("-j,--jobs", options.jobs, "Threads for what is read; order is kept")
         ->option_text("N")
         ->check(CLI::Range(1, 1024));
     line.parse->add_flag("--summary", options.summary, "Count answers and codes, on standard error");
     line.parse->add_flag("--progress", options.progress, "Show how far a file is read, on a terminal");
-    addColour(line.parse, options.colour);
+    addColour(line, line.parse, options.colour);
     line.parse->footer(
         "Examples:\n"
         "  korvoqr parse --format json 04444101...   korvoqr parse --image shop.png\n"
@@ -107,9 +106,9 @@ void addExplain(CommandLine& line) {
     line.explain =
         line.app.add_subcommand("explain", "Shows payloads element by element, and what is wrong.");
     addInput(line.explain, options.input);
-    addChoice(line.explain, "--format", options.asJSON, textOrJSON, "text|json",
+    addChoice(line.explain, "--format", options.asJSON, line.textOrJSON, "text|json",
               "json: an object on a line for each payload");
-    addColour(line.explain, options.colour);
+    addColour(line, line.explain, options.colour);
     line.explain->footer(
         "Examples:\n"
         "  korvoqr explain 00020101021102104123456784...\n"
@@ -121,8 +120,8 @@ void addCodes(CommandLine& line) {
     auto& options = line.codesOptions;
     line.codes = line.app.add_subcommand("codes", "Prints what error codes mean.");
     line.codes->add_option("CODE", options.codes, "Numbers of codes; none: all of them")->option_text("...");
-    addChoice(line.codes, "--format", options.asJSON, textOrJSON, "text|json", "json: one array");
-    addColour(line.codes, options.colour);
+    addChoice(line.codes, "--format", options.asJSON, line.textOrJSON, "text|json", "json: one array");
+    addColour(line, line.codes, options.colour);
     line.codes->footer(
         "Examples:\n"
         "  korvoqr codes 3 48\n"
