@@ -16,11 +16,16 @@ mkdir "$work/later"
 mv "$work/first" "$work/later/place"
 prefix=$work/later/place
 echo "no file knows where it was built or first installed"
-not grep -rlF -e "$work/first" -e "$source/" -e "$build/" "$prefix"
+# For the GNU runtime, clang writes the source's path into what it makes of Objective-C.
+not grep -rlF --exclude='libKorvoQRParserObjC.*' -e "$work/first" -e "$source/" -e "$build/" "$prefix"
 
+# headers: those of the C++ face
+headers() {
+    (cd "$prefix/include" && find KorvoQRParser -type f ! -name '*ObjC*' ! -path '*/ObjectiveC/*' ! -name '*.modulemap') | LC_ALL=C sort
+}
 # interface: the installed headers, the sizes that callers have compiled in, and what the shared library exports
 interface() {
-    (cd "$prefix/include" && find KorvoQRParser -type f | LC_ALL=C sort)
+    headers
     {
         printf '#include <%s>\n' cstdio KorvoQRParser/KorvoQRParser.h
         echo 'int main() {'
@@ -39,7 +44,7 @@ echo "the interface is the approved one, tests/data/interface.txt"
 interface | diff "$tests/data/interface.txt" -
 
 echo "each header compiles alone"
-for header in $(cd "$prefix/include" && find KorvoQRParser -type f); do
+for header in $(headers); do
     for each in g++ clang++; do
         echo "#include <$header>" | "$each" -std=c++17 -fsyntax-only -Wall -Wextra -Wpedantic -Wconversion -Wshadow \
             -Werror -I "$prefix/include" -x c++ -
@@ -108,6 +113,16 @@ mv "$prefix"/lib/libKorvoQRParser.so* "$prefix/lib/aside"
 # shellcheck disable=SC2046
 "$compiler" -std=c++17 "$tests/consumer/main.cpp" -o "$work/static/program" $(pkg-config --static --cflags --libs korvoqrparser)
 uses "$work/static/program"
+
+if [[ -e $prefix/lib/libKorvoQRParserObjC.a ]]; then
+    echo "the Objective-C face"
+    mv "$prefix"/lib/aside/* "$prefix/lib"
+    for kind in static shared; do
+        OBJC=clang configure "$work/objc-$kind" -D WAY=objc -D KIND=$kind -D SOURCE="$source" > "$work/log"
+        cmake --build "$work/objc-$kind" > "$work/log"
+        "$work/objc-$kind/consumer" "$accepted" | diff "$tests/data/full.txt" -
+    done
+fi
 
 echo "the tool"
 [[ $("$prefix/bin/korvoqr" --version) == "korvoqr $version" ]]
