@@ -43,7 +43,9 @@ class ParseRun {
     explicit ParseRun(const ParseOptions& options)
         : options_(options),
           run_(options.input),
-          progress_(options.progress && !options.input.file.empty() ? run_.fileSize() : 0) {}
+          progress_(options.progress && options.input.payloads.empty() && options.input.images.empty()
+                        ? run_.fileSize()
+                        : 0) {}
 
     ExitStatus run() {
         const auto begin = std::chrono::steady_clock::now();
