@@ -10,7 +10,7 @@
 extern "C" {
 #endif
 
-/// The library's version as a number: 1.0.
+/// The library's major version as a number: 1.0.
 KORVO_EXPORT extern const double KorvoQRParserVersionNumber;
 
 /// The library's version as what(1) finds it in a binary; one line with its line feed, NUL-terminated.

@@ -33,6 +33,8 @@ find_package(Threads REQUIRED)
 file(RELATIVE_PATH KORVO_PC_TO_PREFIX
     ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" KORVO_PC_TO_PREFIX "${KORVO_PC_TO_PREFIX}")
-configure_file(cmake/korvoqrparser.pc.in korvoqrparser.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/korvoqrparser.pc
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+# Both kinds lie in one folder, where -lKorvoQRParser is the shared one: the static one has a file that names it.
+foreach(file korvoqrparser.pc korvoqrparser-static.pc)
+    configure_file(cmake/${file}.in ${file} @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/${file} DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+endforeach()

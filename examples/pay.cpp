@@ -10,7 +10,8 @@ int main(int argc, char** argv) {
         return 0;
     }
     for (const std::string& code : response.qrCodeError()->errorCodes()) {
-        std::cout << code << ": " << korvo::findErrorCatalogueEntry(code)->meaning << '\n';
+        const auto* entry = korvo::findErrorCatalogueEntry(code);
+        std::cout << code << ": " << (entry != nullptr ? entry->meaning : "a newer rule") << '\n';
     }
     return 1;
 }

@@ -69,8 +69,10 @@ struct ParsesWhenDestroyed {
     }
     const Codes expected{"46", "23", "", "0"};
 };
+// NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables): their ends are what is tested
 ParsesWhenDestroyed globalObject;
 thread_local ParsesWhenDestroyed threadObject;
+// NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)
 
 TEST(ThreadsDeathTest, TheEndOfAProcessOrThreadChangesNoAnswer) {
     testing::GTEST_FLAG(death_test_style) = "threadsafe";

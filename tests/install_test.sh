@@ -108,15 +108,13 @@ export PKG_CONFIG_PATH=$prefix/lib/pkgconfig
 "$compiler" -std=c++17 "$tests/consumer/main.cpp" -o "$work/shared/program" $(pkg-config --cflags --libs korvoqrparser)
 uses env LD_LIBRARY_PATH="$prefix/lib" "$work/shared/program"
 not needs "$work/shared/program" libicu
-mkdir "$prefix/lib/aside"
-mv "$prefix"/lib/libKorvoQRParser.so* "$prefix/lib/aside"
 # shellcheck disable=SC2046
-"$compiler" -std=c++17 "$tests/consumer/main.cpp" -o "$work/static/program" $(pkg-config --static --cflags --libs korvoqrparser)
+"$compiler" -std=c++17 "$tests/consumer/main.cpp" -o "$work/static/program" $(pkg-config --cflags --libs korvoqrparser-static)
+not needs "$work/static/program" libKorvoQRParser
 uses "$work/static/program"
 
 if [[ -e $prefix/lib/libKorvoQRParserObjC.a ]]; then
     echo "the Objective-C face"
-    mv "$prefix"/lib/aside/* "$prefix/lib"
     for kind in static shared; do
         OBJC=clang configure "$work/objc-$kind" -D WAY=objc -D KIND=$kind -D SOURCE="$source" > "$work/log"
         cmake --build "$work/objc-$kind" > "$work/log"

@@ -24,6 +24,16 @@ inline std::int32_t nextCodePoint(std::string_view text, std::size_t& offset) no
     return nextCodePointBeyondASCII(text, offset);
 }
 
+/// Whether all bytes of a text are well-formed UTF-8.
+inline bool isUTF8(std::string_view text) noexcept {
+    for (std::size_t offset = 0; offset < text.size();) {
+        if (nextCodePoint(text, offset) < 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
 /// Takes a UTF-8 text apart into user-perceived characters (extended grapheme clusters, UAX #29), from left
 /// to right, looking at no more of the text than the characters asked for.
 ///

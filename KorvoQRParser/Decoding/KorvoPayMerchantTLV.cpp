@@ -67,6 +67,11 @@ constexpr std::array<Field, 22> subTagFields{
     &TLV::tagSixtyTwo22,
 };
 
+static_assert(firstHighTag + highTLV01Fields.size() ==
+              static_cast<std::size_t>(PayMerchantValidTLV01::CRC) + 1);
+static_assert(!pmValidTLV01AdditionalDataField(twoDigitText(subTagFields.size() + 1)),
+              "every sub-tag that is known has a row");
+
 constexpr std::array<Field, 12> tlv00Fields{
     &TLV::korvoMerchantID,      &TLV::merchantName,
     &TLV::merchantCategoryCode, &TLV::cityName,
@@ -75,6 +80,7 @@ constexpr std::array<Field, 12> tlv00Fields{
     &TLV::secondaryID,          &TLV::tipAndFeeIndicator,
     &TLV::convenienceFeeAmount, &TLV::convenienceFeePercentage,
 };
+static_assert(tlv00Fields.size() == detail::oneCharacterTags.size());
 
 }  // namespace
 

@@ -9,8 +9,8 @@
 
 namespace korvo {
 
-/// The decoded values of one payload, one field per known tag. Every field starts absent. Values are views
-/// into the payload, exactly as they stand there; one holder serves one payload.
+/// The decoded values of one payload, one field per tag that is kept. Every field starts absent. Values are
+/// views into the payload, exactly as they stand there; one holder serves one payload.
 class KorvoPayMerchantTLV final : public TLVDecodingProtocol {
   public:
     using Value = std::optional<CountedText>;

@@ -1,6 +1,7 @@
 #ifndef KORVOQRPARSER_DECODING_LIFETIMES_H
 #define KORVOQRPARSER_DECODING_LIFETIMES_H
 
+#include <array>
 #include <cstddef>
 #include <new>
 #include <utility>
@@ -14,7 +15,7 @@ class NeverDestroyed {
   public:
     template <class... Arguments>
     explicit NeverDestroyed(Arguments&&... arguments)
-        : object_(new (storage_) Object(std::forward<Arguments>(arguments)...)) {}
+        : object_(new (storage_.data()) Object(std::forward<Arguments>(arguments)...)) {}
     NeverDestroyed(const NeverDestroyed&) = delete;
     NeverDestroyed& operator=(const NeverDestroyed&) = delete;
     ~NeverDestroyed() = default;
@@ -22,7 +23,7 @@ class NeverDestroyed {
     Object& operator*() const noexcept { return *object_; }
 
   private:
-    alignas(Object) std::byte storage_[sizeof(Object)];
+    alignas(Object) std::array<std::byte, sizeof(Object)> storage_{};
     Object* object_;
 };
 

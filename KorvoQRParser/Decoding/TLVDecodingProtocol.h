@@ -17,7 +17,7 @@ namespace korvo {
 /// All operations are linear in the length of the payload, throw nothing, and may run at once on different
 /// holders. What they store are views into the payload, which must outlive the holder.
 ///
-/// 01 stands for the two-digit format, whose payloads begin with tag "00" holding "01"; 00 stands for the
+/// 01 stands for the two-digit format, whose payloads begin with tag "00"; 00 stands for the
 /// one-character format, which has no such tag.
 class TLVDecodingProtocol {
   public:

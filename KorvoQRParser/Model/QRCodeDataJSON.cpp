@@ -36,15 +36,6 @@ bool isASCII(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-bool isUTF8(std::string_view text) {
-    for (std::size_t offset = 0; offset < text.size();) {
-        if (nextCodePoint(text, offset) < 0) {
-            return false;
-        }
-    }
-    return true;
-}
-
 // Whether every text of the record, the absent ones aside, is as `holds` says.
 bool allTexts(const QRCodeData& data, bool (*holds)(std::string_view)) {
     const auto isFine = [&](const TextMember& member) {

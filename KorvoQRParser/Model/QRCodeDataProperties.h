@@ -5,9 +5,9 @@
 ///
 /// Declaration order is VALUES, IDENTIFIER_FLAGS, LENGTHS, ADDITIONAL_DATA_FLAGS; the JSON text puts the same
 /// groups into an order of its own. To add a property, add a row here, its two declarations and the new size
-/// to QRCodeData.h, its line to QRCodeDataDescription.cpp, and what fills it to assembleQRCodeData.cpp. A
-/// declaration or a size that is missing does not compile; the rest shows in the renderings that the tests
-/// compare whole.
+/// to QRCodeData.h, one to the header of that name for Objective-C, its line to QRCodeDataDescription.cpp,
+/// and what fills it to assembleQRCodeData.cpp. A declaration or a size that is missing does not compile; the
+/// rest shows in the renderings that the tests compare whole.
 
 // clang-format off
 #define KORVO_VALUE_PROPERTIES(TEXT)                                   \

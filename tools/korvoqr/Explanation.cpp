@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 
 namespace korvoqr {
 
@@ -354,7 +355,9 @@ Explanation explain(std::string_view payload) {
     }
     for (const std::string& code : explanation.codes) {
         if (code == korvo::KorvoErrorConstants::crcInvalidValue) {
-            explanation.computedChecksum = korvo::checksumOfPayload(payload);
+            std::array<char, 8> digits{};
+            std::snprintf(digits.data(), digits.size(), "%04X", korvo::checksumOfPayload(payload));
+            explanation.computedChecksum = digits.data();
         }
         if (const auto* const entry = korvo::findErrorCatalogueEntry(code)) {
             assign(explanation, *entry);

@@ -5,7 +5,6 @@
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -43,7 +42,7 @@ struct Explanation {
     /// Violated rules about elements that are not there.
     std::vector<const korvo::ErrorCatalogueEntry*> absent;
     std::optional<ExplainedFault> fault;
-    std::optional<std::uint16_t> computedChecksum;  ///< where the payload's own one is wrong
+    std::optional<std::string> computedChecksum;  ///< where the payload's own one is wrong
 };
 
 /// Explains any bytes, in time linear in their length.

@@ -1,8 +1,5 @@
 #include "ExplanationRendering.h"
 
-#include <array>
-#include <cstdio>
-
 #include <nlohmann/json.hpp>
 
 namespace korvoqr {
@@ -62,10 +59,8 @@ std::string explanationJSON(const Explanation& explanation, std::string_view fil
                            {"after", fault->after}};
     }
     if (explanation.computedChecksum) {
-        std::array<char, 8> digits{};
-        std::snprintf(digits.data(), digits.size(), "%04X", *explanation.computedChecksum);
         object["checksum"] = {{"found", explanation.elements.back().value.text()},
-                              {"computed", digits.data()}};
+                              {"computed", *explanation.computedChecksum}};
     }
     return object.dump(-1, ' ', false, JSON::error_handler_t::replace) + '\n';
 }

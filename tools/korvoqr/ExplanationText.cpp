@@ -119,10 +119,8 @@ class Page {
         text_ += painted(style_, Paint::fault, std::string(mark) + code) + '\n';
         std::string meaning(entry.meaning);
         if (entry.code == korvo::KorvoErrorConstants::crcInvalidValue && explanation_.computedChecksum) {
-            std::array<char, 8> digits{};
-            std::snprintf(digits.data(), digits.size(), "%04X", *explanation_.computedChecksum);
             meaning += " Found: \"" + visible(explanation_.elements.back().value.text()) +
-                       "\"; computed: " + digits.data() + '.';
+                       "\"; computed: " + *explanation_.computedChecksum + '.';
         }
         text_ += std::string(column + 2, ' ');
         addColumn(meaning, column + 2, true);

@@ -1,6 +1,7 @@
 #include "ImageReader.h"
 
 #include "PayloadInput.h"
+#include <KorvoQRParser/Decoding/CharacterReader.h>
 
 #include <cerrno>
 #include <cstddef>
@@ -94,7 +95,7 @@ Picture loadPicture(const std::string& bytes) {
 // A code without a word on its character set is UTF-8 wherever it can be, and a guess elsewhere.
 std::string textOf(const ZXing::Result& code) {
     const std::string_view bytes = code.bytes().asString();
-    return !code.hasECI() && isUTF8(bytes) ? std::string(bytes) : code.text();
+    return !code.hasECI() && korvo::isUTF8(bytes) ? std::string(bytes) : code.text();
 }
 
 }  // namespace

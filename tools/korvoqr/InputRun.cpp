@@ -2,6 +2,7 @@
 
 #include "ImageReader.h"
 #include "PayloadInput.h"
+#include <KorvoQRParser/Decoding/CharacterReader.h>
 
 #include <cerrno>
 #include <csignal>
@@ -40,7 +41,7 @@ bool InputRun::forEachArgument(
         const std::size_t count = content.payloads.size();
         for (std::size_t i = 0; i < count; ++i) {
             const std::string number = ", code " + std::to_string(i + 1) + " of " + std::to_string(count);
-            handle(content.payloads[i], isUTF8(file) ? file : visible(file),
+            handle(content.payloads[i], korvo::isUTF8(file) ? file : visible(file),
                    visible(file) + (count > 1 ? number : ""));
         }
     }
@@ -56,11 +57,10 @@ void InputRun::forEachBlock(const std::function<void(std::string)>& handle) {
         });
     if (error != 0) {
         const bool isNamed = !options_.file.empty() && options_.file != "-";
-        std::fprintf(
-            stderr,
-            "korvoqr: cannot read %s: %s; type korvoqr parse PAYLOAD, or give a file with --input FILE\n",
-            isNamed ? visible(options_.file).c_str() : "standard input",
-            std::strerror(error));  // NOLINT(concurrency-mt-unsafe): one thread reads
+        std::fprintf(stderr,
+                     "korvoqr: cannot read %s: %s; type --input FILE with a file of payloads, one a line\n",
+                     isNamed ? visible(options_.file).c_str() : "standard input",
+                     std::strerror(error));  // NOLINT(concurrency-mt-unsafe): one thread reads
         someInputError_ = true;
     }
 }

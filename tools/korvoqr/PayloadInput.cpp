@@ -1,7 +1,5 @@
 #include "PayloadInput.h"
 
-#include <KorvoQRParser/Decoding/CharacterReader.h>
-
 #include <cerrno>
 #include <cstddef>
 #include <utility>
@@ -45,15 +43,6 @@ int readBlocks(int fileDescriptor, char delimiter, const std::function<bool(std:
         handle(std::move(begun));
     }
     return error;
-}
-
-bool isUTF8(std::string_view text) noexcept {
-    for (std::size_t offset = 0; offset < text.size();) {
-        if (korvo::nextCodePoint(text, offset) < 0) {
-            return false;
-        }
-    }
-    return true;
 }
 
 InputFile::InputFile(const std::string& name)

@@ -30,9 +30,6 @@ void forEachPayload(std::string_view block, char delimiter, Use use) {
     }
 }
 
-/// Whether a text is well-formed UTF-8.
-bool isUTF8(std::string_view text) noexcept;
-
 /// A file that is open for reading, or standard input for an empty name or "-".
 class InputFile {
   public:

@@ -86,8 +86,9 @@ constexpr std::string_view meaningOf(korvo::PayMerchantValidTLV00 tag) {
 }
 
 static_assert(meaningOf(korvo::PayMerchantValidTLV01::CRC) == "Checksum");
-static_assert(meaningOf(korvo::PMValidTLV01AdditionalDataField::AddDataNPCI2) == "NPCI data 2");
-static_assert(meaningOf(korvo::PayMerchantValidTLV00::PrimaryID) == "Primary identifier");
+static_assert(!korvo::pmValidTLV01AdditionalDataField(korvo::twoDigitText(detail::subTagMeanings.size() +
+                                                                          1)));
+static_assert(detail::oneCharacterMeanings.size() == korvo::detail::oneCharacterTags.size());
 
 }  // namespace korvoqr
 
