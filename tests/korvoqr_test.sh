@@ -73,6 +73,8 @@ for payload in "$sample" "${faulty/6006MUMBAI/}"; do
 done
 # On a terminal: box drawing, no line over its width, colour unless the environment asks for none
 terminal() { TERM=xterm LC_ALL=C.UTF-8 script -qec "stty cols 80; $*" /dev/null | tr -d '\r'; }
+expect "nothing that a terminal obeys" "merchantName: \\x1B[31m\\u{202E}" \
+    "$(terminal "$korvoqr" parse "$(printf "'0a412345678416\033[31m\xE2\x80\xAE24581231M42IN53356'")" | grep merchantName)"
 shown=$(terminal NO_COLOR=1 "$korvoqr" explain -i "$work/explained")
 expect "lines within 80 columns" "" "$(LC_ALL=C.UTF-8 grep -vE '북|北|[^ -~─├└✗]' <<< "$shown" | LC_ALL=C.UTF-8 grep -E '.{81}')"
 grep -q '└─ 09' <<< "$shown" || expect "box drawing" "└─ 09" "$shown"
@@ -87,13 +89,18 @@ pngtopnm "$work/plain.png" | pamscale 2.7 2> /dev/null | pnmrotate -background w
 pngtopnm "$work/plain.png" | pnmpad -white -right 60 > "$work/left.pnm"
 pngtopnm "$work/other.png" | pnmcat -white -leftright "$work/left.pnm" - 2> /dev/null | pnmtopng > "$work/two.png" 2> /dev/null
 pngtopnm "$work/plain.png" | pnmtopng -alpha=<(pngtopnm "$work/plain.png" | pnminvert) - > "$work/clear.png" 2> /dev/null
+pngtopnm "$work/plain.png" | pnminvert | pnmtopng > "$work/dark.png" 2> /dev/null
+pngtopnm "$work/two.png" > "$work/row.pnm"
+pnmcat -topbottom "$work/row.pnm" "$work/row.pnm" | pnmtopng > "$work/four.png" 2> /dev/null
 head -c 300 "$work/plain.png" > "$work/cut.png"
+sed 's/IEND/\x1Bc\n\x9B/' "$work/plain.png" > "$work/evil.png"
 cd "$work" || exit
-runs "pictures" 1 "$(for file in plain.png photo.jpg clear.png; do "$korvoqr" parse --format jsonl "$accepted" | sed "s/{/{\"file\":\"$file\",/"; done)
-{\"file\":\"other.png\",${codes#?}" parse --format jsonl --image plain.png photo.jpg clear.png other.png
+runs "pictures" 1 "$(for file in plain.png photo.jpg clear.png dark.png; do "$korvoqr" parse --format jsonl "$accepted" | sed "s/{/{\"file\":\"$file\",\"code\":1,/"; done)
+{\"file\":\"other.png\",\"code\":1,${codes#?}" parse --format jsonl --image plain.png photo.jpg clear.png dark.png other.png
 runs "what is no picture of a code, among others" 2 "plain.png:
-$(cat "$data/full.txt")" parse --image none.png / explained cut.png plain.png
-expect "a line for each, with its name" "none.png /: explained: cut.png:" "$(sed 's/korvoqr: cannot read \([^ ]*\) .*/\1/; s/none.png:/none.png/' errors | tr '\n' ' ' | sed 's/ $//')"
+$(cat "$data/full.txt")" parse --image none.png / explained cut.png evil.png plain.png
+expect "a line for each, with its name" "none.png /: explained: cut.png: evil.png:" "$(sed 's/korvoqr: cannot read \([^ ]*\) .*/\1/; s/none.png:/none.png/' errors | tr '\n' ' ' | sed 's/ $//')"
+expect "codes in rows" 4 "$("$korvoqr" explain --format json --image four.png | grep -c '"code":[1-4],')"
 expect "each code of a picture has its number" "two.png, code 1 of 2: two.png, code 2 of 2:" \
     "$("$korvoqr" explain --image two.png | grep ':$' | tr '\n' ' ' | sed 's/ $//')"
 cd - > /dev/null || exit

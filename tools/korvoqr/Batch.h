@@ -15,7 +15,7 @@
 namespace korvoqr {
 
 /// Answers blocks of input on several threads and delivers the answers in the order of the blocks. With one
-/// job everything happens in the caller's thread, during `add`.
+/// job, or where no thread can be started, everything happens in the caller's thread, during `add`.
 ///
 /// `Answer` is what `answer` makes of a block, on any thread. `deliver` is called with one answer at a time,
 /// as soon as that and all before it are there. At most four blocks for each thread are held at once.
@@ -25,8 +25,13 @@ class Batch {
     Batch(std::size_t jobs, std::function<Answer(const std::string&)> answer,
           std::function<void(const Answer&)> deliver)
         : answer_(std::move(answer)), deliver_(std::move(deliver)), most_(4 * jobs) {
-        for (std::size_t i = 0; jobs > 1 && i < jobs; ++i) {
-            workers_.emplace_back([this] { work(); });
+        // Where the machine gives no more threads, those that there are do the work.
+        try {
+            for (std::size_t i = 0; jobs > 1 && i < jobs; ++i) {
+                workers_.emplace_back([this] { work(); });
+            }
+        } catch (const std::exception&) {
+            most_ = 4 * (workers_.size() + 1);
         }
     }
     Batch(const Batch&) = delete;

@@ -14,23 +14,24 @@ ExitStatus runExplain(const ExplainOptions& options) {
     InputRun run(options.input);
     const Style style = styleOf(STDOUT_FILENO, options.colour);
     bool isFirst = true;
-    const auto explainOne = [&](std::string_view payload, const std::string& file, const std::string& place) {
+    const auto explainOne = [&](std::string_view payload, const Origin& origin) {
         const Explanation explanation = explain(payload);
         if (!explanation.codes.empty()) {
             run.noteRejected();
         }
         if (options.asJSON) {
-            run.output().write(explanationJSON(explanation, file));
+            run.output().write(explanationJSON(explanation, origin));
             return;
         }
         run.output().write(std::exchange(isFirst, false) ? "" : "\n");
-        run.output().write(place.empty() ? "" : painted(style, Paint::heading, place + ':') + '\n');
+        run.output().write(origin.isPicture() ? painted(style, Paint::heading, origin.place() + ':') + '\n'
+                                              : "");
         run.output().write(explanationText(explanation, style));
     };
     if (!run.forEachArgument(explainOne)) {
         run.forEachBlock([&](const std::string& block) {
             forEachPayload(block, run.delimiter(),
-                           [&](std::string_view payload) { explainOne(payload, "", ""); });
+                           [&](std::string_view payload) { explainOne(payload, {}); });
             run.output().flush();
         });
     }

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <functional>
 
 namespace korvoqr {
 
@@ -110,7 +111,7 @@ class FaultReader {
             return element.isInsideAdditionalData == isInside_ &&
                    korvo::lowerCased(element.tag) == korvo::lowerCased(fault_.element.tag);
         });
-        reason_ = "tag " + visible(fault_.element.tag) + " occurs a second time";
+        reason_ = "tag " + quoted(fault_.element.tag) + " occurs a second time";
         if (first != elements_.end()) {
             reason_ += ", first at offset " + std::to_string(first->offset);
         }
@@ -135,7 +136,7 @@ class FaultReader {
             const auto next = std::find_if(checksum, elements_.end(),
                                            [](const auto& element) { return element.name != "63"; });
             position_ = next->tag.data();
-            reason_ = "tag " + next->name + " follows the checksum, tag 63, which must be the last";
+            reason_ = "tag " + quoted(next->tag) + " follows the checksum, tag 63, which must be the last";
         }
     }
 
@@ -182,7 +183,7 @@ class FaultReader {
             reason_ = counted(left_, "character") + " left, but a tag takes " + width;
         } else if (element.length.empty()) {
             position_ = rest.data();
-            reason_ = counted(left_, "character") + " left, but the length of tag " + visible(element.tag) +
+            reason_ = counted(left_, "character") + " left, but the length of tag " + quoted(element.tag) +
                       " takes " + width;
         } else {
             position_ = element.length.data();
@@ -217,20 +218,9 @@ class FaultReader {
 
     std::size_t characterOffset() const {
         const ExplainedElement* const last = lastElementBefore(position_);
-        const auto start = static_cast<std::size_t>((last != nullptr ? last->tag.data() : payload_.data()) -
-                                                    payload_.data());
-        const std::string_view text = payload_.substr(start);
-        const auto wanted = static_cast<std::size_t>(position_ - text.data());
-        std::size_t offset = last != nullptr ? last->offset : 0;
-        korvo::CharacterReader characters(text);
-        while (characters.offset() < wanted && characters.take(1)) {
-            ++offset;
-        }
-        // Characters that touch bytes which are no text cannot be told apart; their code points can.
-        for (std::size_t at = characters.offset(); at < wanted; ++offset) {
-            korvo::nextCodePoint(text, at);
-        }
-        return offset;
+        const char* const start = last != nullptr ? last->tag.data() : payload_.data();
+        return (last != nullptr ? last->offset : 0) +
+               korvo::characterCount({start, static_cast<std::size_t>(position_ - start)});
     }
 
     std::string_view before(std::size_t split) const {
@@ -284,58 +274,72 @@ bool namesTag(std::string_view list, std::string_view tag) {
     return false;
 }
 
-using Elements = std::vector<ExplainedElement*>;
-
-bool contains(const Elements& elements, const ExplainedElement& element) {
-    return std::find(elements.begin(), elements.end(), &element) != elements.end();
-}
-
-// Which elements violate the rule of a code that several have part in: those that raise it when the others
-// are taken away.
-Elements violatorsAmong(const Elements& candidates, std::vector<ExplainedElement>& all, bool isTwoDigit,
-                        std::string_view code) {
-    Elements violators;
-    for (ExplainedElement* const candidate : candidates) {
-        korvo::KorvoPayMerchantTLV holder;
-        for (const ExplainedElement& element : all) {
-            if (&element != candidate && contains(candidates, element)) {
-                continue;
-            }
-            if (!isTwoDigit) {
-                holder.setTLV00Value(element.tag, element.value);
-            } else if (element.isInsideAdditionalData) {
-                holder.setTLV01Value("62", element.tag, element.value);
-            } else {
-                holder.setTLV01Value(element.tag, std::nullopt, element.value);
-            }
+// Whether the payload violates the rule of a code when some of its elements are taken away.
+bool isRaisedWithout(const std::vector<ExplainedElement>& elements, bool isTwoDigit, std::string_view code,
+                     const std::function<bool(const ExplainedElement&)>& isTaken) {
+    korvo::KorvoPayMerchantTLV holder;
+    for (const ExplainedElement& element : elements) {
+        if (isTaken(element)) {
+            continue;
         }
-        korvo::KorvoPayMerchantTLVValidator validator;
-        const auto codes = validator.validatePayMerchantTLV(&holder);
-        if (std::find(codes.begin(), codes.end(), code) != codes.end()) {
-            violators.push_back(candidate);
+        if (!isTwoDigit) {
+            holder.setTLV00Value(element.tag, element.value);
+        } else if (element.isInsideAdditionalData) {
+            holder.setTLV01Value("62", element.tag, element.value);
+        } else {
+            holder.setTLV01Value(element.tag, std::nullopt, element.value);
         }
     }
-    return violators.empty() ? candidates : violators;
+    korvo::KorvoPayMerchantTLVValidator validator;
+    const auto codes = validator.validatePayMerchantTLV(&holder);
+    return std::find(codes.begin(), codes.end(), code) != codes.end();
 }
 
+// Puts a code beside the elements that violate its rule: those that raise it without the others that it
+// speaks of. Where it is still raised when those are gone, it is what is not there that violates the rule.
 void assign(Explanation& explanation, const korvo::ErrorCatalogueEntry& entry) {
     const bool isTwoDigit = *explanation.isTwoDigit;
-    Elements concerned;
-    for (ExplainedElement& element : explanation.elements) {
+    auto& elements = explanation.elements;
+    std::vector<ExplainedElement*> concerned;
+    for (ExplainedElement& element : elements) {
         if (namesTag(isTwoDigit ? entry.twoDigitTag : entry.oneCharacterTag, element.name)) {
             concerned.push_back(&element);
         }
     }
-    if (concerned.empty()) {
+    const auto holds = [](const auto& list, const ExplainedElement& element) {
+        return std::find(list.begin(), list.end(), &element) != list.end();
+    };
+    auto violators = concerned;
+    if (concerned.size() > 1) {
+        std::erase_if(violators, [&](const ExplainedElement* candidate) {
+            return !isRaisedWithout(elements, isTwoDigit, entry.code, [&](const ExplainedElement& other) {
+                return &other != candidate && holds(concerned, other);
+            });
+        });
+    }
+    if (violators.empty() ||
+        isRaisedWithout(elements, isTwoDigit, entry.code,
+                        [&](const ExplainedElement& element) { return holds(violators, element); })) {
         explanation.absent.push_back(&entry);
         return;
     }
-    if (concerned.size() > 1) {
-        concerned = violatorsAmong(concerned, explanation.elements, isTwoDigit, entry.code);
+    for (ExplainedElement* const violator : violators) {
+        violator->violations.push_back(&entry);
     }
-    for (ExplainedElement* const element : concerned) {
-        element->violations.push_back(&entry);
+}
+
+// What a two-digit payload ought to end with. Where its checksum is too short or too long to stand for that,
+// of the payload with one of the right length.
+std::string expectedChecksum(const Explanation& explanation) {
+    const ExplainedElement& checksum = explanation.elements.back();
+    std::string payload(explanation.payload);
+    if (checksum.value.characterCount() != 4) {
+        payload.erase(static_cast<std::size_t>(checksum.tag.data() - explanation.payload.data()));
+        payload += "63040000";
     }
+    std::array<char, 8> digits{};
+    std::snprintf(digits.data(), digits.size(), "%04X", korvo::checksumOfPayload(payload));
+    return digits.data();
 }
 
 }  // namespace
@@ -355,9 +359,7 @@ Explanation explain(std::string_view payload) {
     }
     for (const std::string& code : explanation.codes) {
         if (code == korvo::KorvoErrorConstants::crcInvalidValue) {
-            std::array<char, 8> digits{};
-            std::snprintf(digits.data(), digits.size(), "%04X", korvo::checksumOfPayload(payload));
-            explanation.computedChecksum = digits.data();
+            explanation.computedChecksum = expectedChecksum(explanation);
         }
         if (const auto* const entry = korvo::findErrorCatalogueEntry(code)) {
             assign(explanation, *entry);

@@ -36,10 +36,11 @@ JSON elementsOf(const std::vector<ExplainedElement>& elements) {
 
 }  // namespace
 
-std::string explanationJSON(const Explanation& explanation, std::string_view file) {
+std::string explanationJSON(const Explanation& explanation, const Origin& origin) {
     JSON object;
-    if (!file.empty()) {
-        object["file"] = file;
+    if (origin.isPicture()) {
+        object["file"] = origin.file;
+        object["code"] = origin.code;
     }
     object["payload"] = explanation.payload;
     if (explanation.isTwoDigit) {

@@ -2,6 +2,7 @@
 #define KORVOQR_EXPLANATIONRENDERING_H
 
 #include "Explanation.h"
+#include "Origin.h"
 #include "Terminal.h"
 
 #include <string>
@@ -13,9 +14,9 @@ namespace korvoqr {
 /// absent elements, and the fault with its place. Ends with a line feed.
 std::string explanationText(const Explanation& explanation, const Style& style);
 
-/// The same facts for a program: one JSON object on one line, with the file that the payload comes from as
-/// "file" unless that is empty. Bytes of the payload that are not UTF-8 appear as U+FFFD.
-std::string explanationJSON(const Explanation& explanation, std::string_view file);
+/// The same facts for a program: one JSON object on one line, which begins with the file and the number of
+/// the code where the payload comes from a picture. Bytes of the payload that are not UTF-8 appear as U+FFFD.
+std::string explanationJSON(const Explanation& explanation, const Origin& origin);
 
 }  // namespace korvoqr
 

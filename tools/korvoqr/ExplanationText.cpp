@@ -77,7 +77,7 @@ class Page {
         std::array<char, 32> offset{};
         std::snprintf(offset.data(), offset.size(), "%6zu  ", element.offset);
         text_ += painted(style_, Paint::dim, offset.data());
-        std::string tag = element.name;
+        std::string tag = (element.isInsideAdditionalData ? "62/" : "") + std::string(element.tag);
         if (element.isInsideAdditionalData && style_.boxes) {
             tag = (isFollowedInside ? "├─ " : "└─ ") + std::string(element.tag);
         }
@@ -120,7 +120,7 @@ class Page {
         std::string meaning(entry.meaning);
         if (entry.code == korvo::KorvoErrorConstants::crcInvalidValue && explanation_.computedChecksum) {
             meaning += " Found: \"" + visible(explanation_.elements.back().value.text()) +
-                       "\"; computed: " + *explanation_.computedChecksum + '.';
+                       "\"; the payload should end with 6304" + *explanation_.computedChecksum + '.';
         }
         text_ += std::string(column + 2, ' ');
         addColumn(meaning, column + 2, true);
@@ -131,12 +131,31 @@ class Page {
         addColumn(
             std::string(fault.error) + " at offset " + std::to_string(fault.offset) + ": " + fault.reason, 0,
             true);
-        const bool isBeginning = fault.before.data() == explanation_.payload.data();
-        const bool isEnd = fault.after.data() + fault.after.size() ==
-                           explanation_.payload.data() + explanation_.payload.size();
-        const std::string before = (isBeginning ? "  " : "  ...") + visible(fault.before);
-        text_ += before + visible(fault.after) + (isEnd ? "\n" : "...\n");
-        text_ += std::string(displayWidth(before), ' ') + painted(style_, Paint::fault, "^") + '\n';
+        const std::string_view before = fitting(fault.before, true);
+        const std::string_view after = fitting(fault.after, false);
+        const bool isBeginning = before.data() == explanation_.payload.data();
+        const bool isEnd =
+            after.data() + after.size() == explanation_.payload.data() + explanation_.payload.size();
+        const std::string head = (isBeginning ? "  " : "  ...") + visible(before);
+        text_ += head + visible(after) + (isEnd ? "\n" : "...\n");
+        text_ += std::string(displayWidth(head), ' ') + painted(style_, Paint::fault, "^") + '\n';
+    }
+
+    // As many code points from the end, or the beginning, of a text as may stand on one side of the caret.
+    std::string_view fitting(std::string_view text, bool fromEnd) const {
+        constexpr std::size_t aroundBoth = 10;  // blanks and dots
+        const std::size_t limit = style_.width == 0 ? 40 : (style_.width - aroundBoth) / 2;
+        const auto continues = [&text](std::size_t at) {
+            return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
+        };
+        while (displayWidth(visible(text)) > limit) {
+            std::size_t at = fromEnd ? 1 : text.size() - 1;
+            while (continues(at)) {
+                at = fromEnd ? at + 1 : at - 1;
+            }
+            text = fromEnd ? text.substr(at) : text.substr(0, at);
+        }
+        return text;
     }
 
     const Explanation& explanation_;

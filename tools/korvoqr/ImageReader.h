@@ -12,7 +12,8 @@ struct ImageContent {
     std::string problem;                ///< why there are none, for a person; empty otherwise
 };
 
-/// Reads the QR codes of a PNG or JPEG file, a scan or a photo. Never throws but for want of memory.
+/// Reads the QR codes of a PNG or JPEG file, a scan or a photo, dark on light or light on dark. A picture
+/// that is made to harm ends with a problem, within half a minute. For a process with one thread.
 ImageContent readQRCodes(const std::string& file);
 
 }  // namespace korvoqr

@@ -11,6 +11,7 @@
 #include <cstring>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace korvoqr {
 
@@ -19,11 +20,10 @@ InputRun::InputRun(const InputOptions& options) : options_(options) {
     std::signal(SIGPIPE, SIG_IGN);
 }
 
-bool InputRun::forEachArgument(
-    const std::function<void(std::string_view, const std::string&, const std::string&)>& handle) {
+bool InputRun::forEachArgument(const std::function<void(std::string_view, const Origin&)>& handle) {
     for (const std::string& payload : options_.payloads) {
         if (!output_.isClosed()) {
-            handle(payload, "", "");
+            handle(payload, {});
         }
     }
     for (const std::string& file : options_.images) {
@@ -35,14 +35,11 @@ bool InputRun::forEachArgument(
             std::fprintf(
                 stderr,
                 "korvoqr: cannot read %s: %s; type --image FILE with PNG or JPEG pictures of QR codes\n",
-                visible(file).c_str(), content.problem.c_str());
+                visible(file).c_str(), visible(content.problem).c_str());
             someInputError_ = true;
         }
-        const std::size_t count = content.payloads.size();
-        for (std::size_t i = 0; i < count; ++i) {
-            const std::string number = ", code " + std::to_string(i + 1) + " of " + std::to_string(count);
-            handle(content.payloads[i], korvo::isUTF8(file) ? file : visible(file),
-                   visible(file) + (count > 1 ? number : ""));
+        for (std::size_t i = 0; i < content.payloads.size(); ++i) {
+            handle(content.payloads[i], {file, i + 1, content.payloads.size()});
         }
     }
     return !options_.payloads.empty() || !options_.images.empty();
@@ -57,19 +54,16 @@ void InputRun::forEachBlock(const std::function<void(std::string)>& handle) {
         });
     if (error != 0) {
         const bool isNamed = !options_.file.empty() && options_.file != "-";
-        std::fprintf(stderr,
-                     "korvoqr: cannot read %s: %s; type --input FILE with a file of payloads, one a line\n",
-                     isNamed ? visible(options_.file).c_str() : "standard input",
-                     std::strerror(error));  // NOLINT(concurrency-mt-unsafe): one thread reads
-        someInputError_ = true;
+        readError_ = (isNamed ? visible(options_.file) : "standard input") + ": " +
+                     std::strerror(error);  // NOLINT(concurrency-mt-unsafe): one thread reads
     }
 }
 
 std::uint64_t InputRun::fileSize() const {
     struct stat status {};
-    const InputFile input(options_.file);
-    const bool isFile = ::fstat(input.descriptor(), &status) == 0 && S_ISREG(status.st_mode);
-    return isFile ? static_cast<std::uint64_t>(status.st_size) : 0;
+    const bool isNamed = !options_.file.empty() && options_.file != "-";
+    const int error = isNamed ? ::stat(options_.file.c_str(), &status) : ::fstat(STDIN_FILENO, &status);
+    return error == 0 && S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0;
 }
 
 ExitStatus InputRun::finish() {
@@ -78,6 +72,12 @@ ExitStatus InputRun::finish() {
         std::fprintf(stderr, "korvoqr: cannot write standard output: %s\n",
                      std::strerror(output_.errorNumber()));  // NOLINT(concurrency-mt-unsafe)
         return usageOrInputError;
+    }
+    if (!readError_.empty()) {
+        std::fprintf(stderr,
+                     "korvoqr: cannot read %s; type --input FILE with a file of payloads, one a line\n",
+                     readError_.c_str());
+        someInputError_ = true;
     }
     return someInputError_ ? usageOrInputError : someRejected_ ? someRejected : allAccepted;
 }

@@ -2,6 +2,7 @@
 #define KORVOQR_INPUTRUN_H
 
 #include "Commands.h"
+#include "Origin.h"
 #include "Output.h"
 
 #include <cstdint>
@@ -17,11 +18,9 @@ class InputRun {
   public:
     explicit InputRun(const InputOptions& options);
 
-    /// Calls `handle` with each payload of the arguments and pictures and, for the latter, with the picture's
-    /// name and which of its codes it is ("shop.png, code 2 of 3"). False when there are neither, and the
+    /// Calls `handle` with each payload of the arguments and pictures. False when there are neither, and the
     /// input file is to be read.
-    bool forEachArgument(const std::function<void(std::string_view payload, const std::string& file,
-                                                  const std::string& place)>& handle);
+    bool forEachArgument(const std::function<void(std::string_view payload, const Origin& origin)>& handle);
 
     /// Calls `handle` with blocks of payloads from the input file.
     void forEachBlock(const std::function<void(std::string)>& handle);
@@ -41,6 +40,7 @@ class InputRun {
     Output output_;
     bool someRejected_ = false;
     bool someInputError_ = false;
+    std::string readError_;  // for a person; told at the end, when nobody else writes
 };
 
 }  // namespace korvoqr

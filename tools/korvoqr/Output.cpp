@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstddef>
 
+#include <poll.h>
 #include <unistd.h>
 
 namespace korvoqr {
@@ -21,6 +22,10 @@ void Output::flush() {
         const ssize_t written = ::write(STDOUT_FILENO, left.data(), left.size());
         if (written >= 0) {
             left.remove_prefix(static_cast<std::size_t>(written));
+        } else if (errno == EAGAIN) {
+            // Whoever shares the descriptor has made it one that does not wait.
+            pollfd ready{STDOUT_FILENO, POLLOUT, 0};
+            ::poll(&ready, 1, -1);
         } else if (errno != EINTR) {
             errorNumber_ = errno;
         }

@@ -22,16 +22,17 @@ struct Answers {
     Tally tally;
     std::vector<std::uint64_t> unprintable;  // which of them are accepted, but empty as JSON
     std::size_t bytes = 0;                   // of input
+    std::string place;                       // the picture that a single one comes from
 };
 
-void answer(std::string_view payload, Format format, const std::string& file, Answers& answers) {
+void answer(std::string_view payload, Format format, const Origin& origin, Answers& answers) {
     const auto response = korvo::QRCodeParser::parseQRData(payload);
     // The records and code lists of text output need something between them.
     if (format == Format::text && answers.tally.payloads() > 0) {
         answers.text += '\n';
     }
     answers.tally.count(response);
-    const std::string rendered = render(response, format, file);
+    const std::string rendered = render(response, format, origin);
     if (rendered == "\n") {
         answers.unprintable.push_back(answers.tally.payloads());
     }
@@ -49,13 +50,14 @@ class ParseRun {
 
     ExitStatus run() {
         const auto begin = std::chrono::steady_clock::now();
-        const bool hasArguments = run_.forEachArgument(
-            [this](std::string_view payload, const std::string& file, const std::string& place) {
+        const bool hasArguments =
+            run_.forEachArgument([this](std::string_view payload, const Origin& origin) {
                 Answers answers;
-                if (options_.format == Format::text && !place.empty()) {
-                    answers.text = place + ":\n";
+                if (options_.format == Format::text && origin.isPicture()) {
+                    answers.text = origin.place() + ":\n";
                 }
-                answer(payload, options_.format, file, answers);
+                answers.place = origin.place();
+                answer(payload, options_.format, origin, answers);
                 deliver(answers);
             });
         if (!hasArguments) {
@@ -82,7 +84,7 @@ class ParseRun {
                 Answers answers;
                 answers.bytes = block.size();
                 forEachPayload(block, run_.delimiter(), [&](std::string_view payload) {
-                    answer(payload, options_.format, "", answers);
+                    answer(payload, options_.format, {}, answers);
                 });
                 return answers;
             },
@@ -99,13 +101,15 @@ class ParseRun {
         if (options_.format == Format::text && tally_.payloads() > 0) {
             run_.output().write("\n");
         }
-        run_.output().write(answers.text);
+        run_.output().write(isForPerson_ ? harmless(answers.text) : answers.text);
         for (const std::uint64_t number : answers.unprintable) {
-            std::fprintf(
-                stderr,
-                "korvoqr: payload %s is accepted, but JSON output is empty for values outside ASCII; "
-                "type --format jsonl to see it\n",
-                std::to_string(tally_.payloads() + number).c_str());
+            progress_.clear();
+            std::fprintf(stderr,
+                         "korvoqr: %s is accepted, but JSON output is empty for values outside ASCII; "
+                         "type --format jsonl to see it\n",
+                         answers.place.empty()
+                             ? ("payload " + std::to_string(tally_.payloads() + number)).c_str()
+                             : answers.place.c_str());
         }
         tally_.add(answers.tally);
         bytes_ += answers.bytes;
@@ -115,6 +119,8 @@ class ParseRun {
     const ParseOptions& options_;
     InputRun run_;
     Progress progress_;
+    // A program gets a record's values as they are; a terminal would obey some of them.
+    bool isForPerson_ = options_.format == Format::text && isTerminal(STDOUT_FILENO);
     Tally tally_;
     std::uint64_t bytes_ = 0;
 };

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 namespace korvoqr {
@@ -14,6 +15,12 @@ int readChunks(int fileDescriptor, const std::function<bool(std::string_view)>& 
     std::vector<char> buffer(std::size_t{64} * 1024);
     while (true) {
         const ssize_t count = ::read(fileDescriptor, buffer.data(), buffer.size());
+        if (count < 0 && errno == EAGAIN) {
+            // Whoever shares the descriptor has made it one that does not wait.
+            pollfd ready{fileDescriptor, POLLIN, 0};
+            ::poll(&ready, 1, -1);
+            continue;
+        }
         if (count < 0 && errno == EINTR) {
             continue;
         }

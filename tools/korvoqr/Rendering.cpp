@@ -1,5 +1,6 @@
 #include "Rendering.h"
 
+#include <KorvoQRParser/Decoding/CharacterReader.h>
 #include <KorvoQRParser/Model/JSONString.h>
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>
 
@@ -80,12 +81,14 @@ std::string renderAnswer(const korvo::QRCodeParserResponse& response, Format for
 
 }  // namespace
 
-std::string render(const korvo::QRCodeParserResponse& response, Format format, const std::string& file) {
+std::string render(const korvo::QRCodeParserResponse& response, Format format, const Origin& origin) {
     std::string answer = renderAnswer(response, format);
-    if (format != Format::text && !file.empty() && answer.front() == '{') {
-        std::string member = format == Format::json ? "\n  \"file\": " : "\"file\":";
-        korvo::appendJSONString(member, file);
-        answer.insert(1, member + ',');
+    if (format != Format::text && origin.isPicture() && answer.front() == '{') {
+        const bool isIndented = format == Format::json;
+        std::string members = isIndented ? "\n  \"file\": " : "\"file\":";
+        korvo::appendJSONString(members, korvo::isUTF8(origin.file) ? origin.file : visible(origin.file));
+        members += (isIndented ? ",\n  \"code\": " : ",\"code\":") + std::to_string(origin.code) + ',';
+        answer.insert(1, members);
     }
     return answer;
 }

@@ -1,6 +1,7 @@
 #ifndef KORVOQR_RENDERING_H
 #define KORVOQR_RENDERING_H
 
+#include "Origin.h"
 #include <KorvoQRParser/KorvoQRParser.h>
 
 #include <string>
@@ -11,8 +12,9 @@ enum class Format : unsigned char { text, json, jsonl };
 
 /// The answer to one payload as the tool prints it, its last line feed included. Text and JSON are the
 /// library's own renderings of a record. JSON lines hold all 70 properties as UTF-8, non-ASCII ones too. In
-/// either kind of JSON, the file that the payload comes from stands first in the object, unless it is empty.
-std::string render(const korvo::QRCodeParserResponse& response, Format format, const std::string& file);
+/// either kind of JSON, a payload from a picture has its file and which of its codes it is in the object,
+/// first.
+std::string render(const korvo::QRCodeParserResponse& response, Format format, const Origin& origin);
 
 }  // namespace korvoqr
 

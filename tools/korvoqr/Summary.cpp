@@ -98,7 +98,7 @@ std::string summaryText(const Tally& tally, std::chrono::duration<double> time, 
     return text;
 }
 
-Progress::Progress(std::uint64_t size) : size_(isatty(STDERR_FILENO) != 0 ? size : 0) {}
+Progress::Progress(std::uint64_t size) : size_(isTerminal(STDERR_FILENO) ? size : 0) {}
 
 void Progress::update(std::uint64_t bytes, std::uint64_t payloads) {
     constexpr std::chrono::milliseconds pause{100};

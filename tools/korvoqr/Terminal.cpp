@@ -28,11 +28,6 @@ bool isSet(const char* variable) {
     return value != nullptr && *value != '\0';
 }
 
-bool isSmart(int fileDescriptor) {
-    const char* const terminal = std::getenv("TERM");  // NOLINT(concurrency-mt-unsafe)
-    return isatty(fileDescriptor) != 0 && terminal != nullptr && std::strcmp(terminal, "dumb") != 0;
-}
-
 bool isLocaleUTF8() {
     std::setlocale(LC_CTYPE, "");                            // NOLINT(concurrency-mt-unsafe)
     return std::strcmp(nl_langinfo(CODESET), "UTF-8") == 0;  // NOLINT(concurrency-mt-unsafe)
@@ -47,12 +42,31 @@ std::size_t widthOf(int fileDescriptor) {
     return std::max<std::size_t>(size.ws_col, narrowest);
 }
 
-// What a person does not see or a terminal obeys. The joiners shape Indic letters and emoji.
-bool isInvisible(std::int32_t codePoint) {
-    constexpr std::uint32_t mask =
-        U_GC_CC_MASK | U_GC_CF_MASK | U_GC_ZL_MASK | U_GC_ZP_MASK | U_GC_CN_MASK | U_GC_CO_MASK;
-    return (U_GET_GC_MASK(codePoint) & mask) != 0 && codePoint != zeroWidthJoiner &&
-           codePoint != zeroWidthNonJoiner;
+bool isEmoji(std::int32_t codePoint) {
+    return codePoint >= 0x80 && u_hasBinaryProperty(codePoint, UCHAR_EMOJI) != 0;
+}
+
+// What a joiner may stand between: letters and their marks, which it shapes, and pictures, which it makes
+// one.
+bool isJoinable(std::int32_t codePoint) {
+    constexpr std::uint32_t mask = U_GC_L_MASK | U_GC_M_MASK;
+    return codePoint >= 0x80 && ((U_GET_GC_MASK(codePoint) & mask) != 0 || isEmoji(codePoint));
+}
+
+// What a person does not see or takes for something else, or what a terminal obeys.
+bool isInvisible(std::int32_t codePoint, std::int32_t previous, std::int32_t next) {
+    constexpr std::uint32_t mask = U_GC_C_MASK | U_GC_ZL_MASK | U_GC_ZP_MASK | U_GC_ZS_MASK;
+    if (codePoint == ' ') {
+        return false;
+    }
+    if (codePoint == zeroWidthJoiner || codePoint == zeroWidthNonJoiner) {
+        return !isJoinable(previous) || !isJoinable(next);
+    }
+    if (codePoint == emojiVariation) {
+        return !isEmoji(previous);
+    }
+    return (U_GET_GC_MASK(codePoint) & mask) != 0 ||
+           u_hasBinaryProperty(codePoint, UCHAR_DEFAULT_IGNORABLE_CODE_POINT) != 0;
 }
 
 std::size_t columnsOf(std::int32_t codePoint) {
@@ -70,16 +84,51 @@ std::size_t columnsOf(std::int32_t codePoint) {
     return width == U_EA_WIDE || width == U_EA_FULLWIDTH ? 2 : 1;
 }
 
+// The text with what is invisible escaped, but for some; some get a backslash.
+std::string shown(std::string_view text, std::string_view withBackslash, std::string_view asItIs) {
+    constexpr std::int32_t none = -1;
+    std::string result;
+    std::array<char, 16> escape{};
+    std::int32_t previous = none;
+    for (std::size_t offset = 0; offset < text.size();) {
+        const std::size_t start = offset;
+        const std::int32_t codePoint = korvo::nextCodePoint(text, offset);
+        std::size_t ahead = offset;
+        const std::int32_t next = ahead < text.size() ? korvo::nextCodePoint(text, ahead) : none;
+        const std::string_view bytes = text.substr(start, offset - start);
+        if (codePoint >= 0 &&
+            (asItIs.find(bytes) != std::string_view::npos || !isInvisible(codePoint, previous, next))) {
+            result += withBackslash.find(bytes) != std::string_view::npos ? "\\" : "";
+            result += bytes;
+        } else if (codePoint >= 0x80) {
+            std::snprintf(escape.data(), escape.size(), "\\u{%X}", static_cast<unsigned>(codePoint));
+            result += escape.data();
+        } else {
+            for (const char byte : bytes) {
+                std::snprintf(escape.data(), escape.size(), "\\x%02X", static_cast<unsigned char>(byte));
+                result += escape.data();
+            }
+        }
+        previous = codePoint;
+    }
+    return result;
+}
+
 }  // namespace
+
+bool isTerminal(int fileDescriptor) {
+    const char* const terminal = std::getenv("TERM");  // NOLINT(concurrency-mt-unsafe)
+    return isatty(fileDescriptor) != 0 && terminal != nullptr && std::strcmp(terminal, "dumb") != 0;
+}
 
 Style styleOf(int fileDescriptor, ColourChoice choice) {
     if (choice == ColourChoice::never) {
-        return {.width = isSmart(fileDescriptor) ? widthOf(fileDescriptor) : 0};
+        return {.width = isTerminal(fileDescriptor) ? widthOf(fileDescriptor) : 0};
     }
     if (choice == ColourChoice::always) {
         return {.colour = true, .boxes = true, .width = widthOf(fileDescriptor)};
     }
-    if (!isSmart(fileDescriptor)) {
+    if (!isTerminal(fileDescriptor)) {
         return {};
     }
     return {.colour = !isSet("NO_COLOR"), .boxes = isLocaleUTF8(), .width = widthOf(fileDescriptor)};
@@ -98,41 +147,26 @@ std::string painted(const Style& style, Paint paint, std::string_view text) {
 }
 
 std::string visible(std::string_view text) {
-    std::string result;
-    std::array<char, 16> escape{};
-    for (std::size_t offset = 0; offset < text.size();) {
-        const std::size_t start = offset;
-        const std::int32_t codePoint = korvo::nextCodePoint(text, offset);
-        if (codePoint >= 0 && !isInvisible(codePoint)) {
-            if (codePoint == '"' || codePoint == '\\') {
-                result += '\\';
-            }
-            result += text.substr(start, offset - start);
-        } else if (codePoint >= 0x80) {
-            std::snprintf(escape.data(), escape.size(), "\\u{%X}", static_cast<unsigned>(codePoint));
-            result += escape.data();
-        } else {
-            for (const char byte : text.substr(start, offset - start)) {
-                std::snprintf(escape.data(), escape.size(), "\\x%02X", static_cast<unsigned char>(byte));
-                result += escape.data();
-            }
-        }
-    }
-    return result;
+    return shown(text, "\"\\", "");
 }
 
+std::string harmless(std::string_view text) {
+    return shown(text, "", "\n");
+}
+
+// Terminals differ on emoji. This counts a skin colour in full, as some do, so that no line is too long.
 std::size_t displayWidth(std::string_view text) {
     std::size_t columns = 0;
-    bool isJoined = false;
+    std::int32_t previous = 0;
     for (std::size_t offset = 0; offset < text.size();) {
         const std::int32_t codePoint = korvo::nextCodePoint(text, offset);
-        const bool isModifier = u_hasBinaryProperty(codePoint, UCHAR_EMOJI_MODIFIER) != 0;
         if (codePoint == emojiVariation) {
-            ++columns;  // it makes a narrow sign a wide picture
-        } else if (!isModifier && !(isJoined && u_hasBinaryProperty(codePoint, UCHAR_EMOJI) != 0)) {
+            // It makes a narrow sign a wide picture.
+            columns += isEmoji(previous) && columnsOf(previous) == 1 ? 1 : 0;
+        } else if (previous != zeroWidthJoiner || !isEmoji(codePoint)) {
             columns += columnsOf(codePoint);
         }
-        isJoined = codePoint == zeroWidthJoiner;
+        previous = codePoint;
     }
     return columns;
 }

@@ -26,9 +26,16 @@ enum class Paint : unsigned char { heading, fault, dim, good };
 /// The text in a colour or, where the style has none, as it is.
 std::string painted(const Style& style, Paint paint, std::string_view text);
 
+/// Whether a file descriptor is a terminal that can do more than print.
+bool isTerminal(int fileDescriptor);
+
 /// The text as it can be shown without harm: what a terminal would obey, hide or reorder (controls, format
-/// characters, bytes that are not UTF-8), quotation marks and backslashes are written as \x1B or \u{202E}.
+/// characters, unusual blanks, bytes that are not UTF-8) is written as \x1B or \u{202E}. Quotation marks and
+/// backslashes get a backslash.
 std::string visible(std::string_view text);
+
+/// The same for a text of several lines, without the backslashes: those two characters and line feeds stay.
+std::string harmless(std::string_view text);
 
 /// How many columns a terminal gives to a text that `visible` has made.
 std::size_t displayWidth(std::string_view text);

@@ -1,9 +1,12 @@
 #include "Commands.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstdio>
 #include <exception>
+#include <iostream>
 #include <map>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -12,26 +15,25 @@
 namespace {
 
 // CLI11 takes an argument in square brackets for a list and "++" for the end of a command. Both may be
-// payloads, and a NUL, which no argument can hold, hides them from it.
+// payloads or names of files, and a NUL, which no argument can hold, hides them from it.
 std::string shield(std::string argument) {
-    const bool looksLikeList = argument.size() > 1 && argument.front() == '[' && argument.back() == ']';
-    return looksLikeList || argument == "++" ? argument + '\0' : argument;
+    const bool mayLookLikeList = !argument.empty() && argument.back() == ']';
+    return mayLookLikeList || argument == "++" ? argument + '\0' : argument;
 }
 
-void unshield(std::string& argument) {
-    if (!argument.empty() && argument.back() == '\0') {
-        argument.pop_back();
-    }
+std::string unshielded(std::string argument) {
+    argument.erase(std::remove(argument.begin(), argument.end(), '\0'), argument.end());
+    return argument;
+}
+
+void unshield(std::vector<std::string>& arguments) {
+    std::transform(arguments.begin(), arguments.end(), arguments.begin(), unshielded);
 }
 
 void unshield(korvoqr::InputOptions& input) {
-    for (std::string& payload : input.payloads) {
-        unshield(payload);
-    }
-    for (std::string& image : input.images) {
-        unshield(image);
-    }
-    unshield(input.file);
+    unshield(input.payloads);
+    unshield(input.images);
+    input.file = unshielded(input.file);
 }
 
 // What the command line leaves to be done.
@@ -68,15 +70,31 @@ void addColour(const CommandLine& line, CLI::App* command, korvoqr::ColourChoice
               "auto: on a terminal, unless NO_COLOR is set");
 }
 
+std::string refuseEmptyName(const std::string& name) {
+    return name.empty() ? "the name of the file is empty" : "";
+}
+
+// A number of threads, in decimal digits.
+std::string readJobs(const std::string& text, std::size_t& jobs) {
+    constexpr std::size_t most = 1024;
+    const char* const end = text.data() + text.size();
+    const auto [parsed, error] = std::from_chars(text.data(), end, jobs);
+    return error == std::errc() && parsed == end && jobs > 0 && jobs <= most
+               ? ""
+               : "it is a number from 1 to 1024";
+}
+
 void addInput(CLI::App* command, korvoqr::InputOptions& input) {
     auto* const payloads =
         command->add_option("PAYLOAD", input.payloads, "Texts of QR codes; none: standard input, one a line")
             ->option_text("...");
     auto* const file = command->add_option("-i,--input", input.file, "Read payloads from a file, one a line")
                            ->option_text("FILE")
+                           ->check(refuseEmptyName)
                            ->excludes(payloads);
     command->add_option("--image", input.images, "Read the QR codes in PNG and JPEG pictures")
         ->option_text("FILE...")
+        ->check(refuseEmptyName)
         ->excludes(payloads)
         ->excludes(file);
     command->add_flag("-0,--null", input.nullDelimited, "Payloads read end with NUL, may hold line feeds");
@@ -88,9 +106,11 @@ void addParse(CommandLine& line) {
     addInput(line.parse, options.input);
     addChoice(line.parse, "--format", options.format, line.formats, "text|json|jsonl",
               "jsonl: one line for each payload");
-    line.parse->add_option("-j,--jobs", options.jobs, "Threads for what is read; order is kept")
+    line.parse
+        ->add_option_function<std::string>(
+            "-j,--jobs", [](const std::string&) {}, "Threads for what is read; order is kept")
         ->option_text("N")
-        ->check(CLI::Range(1, 1024));
+        ->check([&options](const std::string& text) { return readJobs(text, options.jobs); });
     line.parse->add_flag("--summary", options.summary, "Count answers and codes, on standard error");
     line.parse->add_flag("--progress", options.progress, "Show how far a file is read, on a terminal");
     addColour(line, line.parse, options.colour);
@@ -128,15 +148,28 @@ void addCodes(CommandLine& line) {
         "  korvoqr codes --format json");
 }
 
-int reportUsageError(const CommandLine& line, const CLI::Error& error) {
-    std::string reason = korvoqr::visible(error.what());
-    const bool isUnexpected = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
+// The parser's reason in words for a person.
+std::string reasonOf(const CommandLine& line, const CLI::Error& error, const std::string& firstArgument) {
+    const std::string reason = korvoqr::visible(unshielded(error.what()));
+    if (line.app.get_subcommands().empty() && !firstArgument.empty()) {
+        return std::string(firstArgument.front() == '-' ? "there is no option " : "there is no command ") +
+               korvoqr::visible(firstArgument);
+    }
+    const bool isValueMissing = dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr;
+    return isValueMissing ? reason.substr(0, reason.find(':')) + " needs a value" : reason;
+}
+
+int reportUsageError(const CommandLine& line, const CLI::Error& error, const std::string& firstArgument) {
+    const std::string reason = reasonOf(line, error, firstArgument);
     std::string command;
     for (const CLI::App* const used : line.app.get_subcommands()) {
         command = ' ' + used->get_name();
     }
-    std::fprintf(stderr, "korvoqr: %s; type korvoqr%s --help for the options%s\n", reason.c_str(),
-                 command.c_str(), isUnexpected ? ", or -- before a payload that begins with -" : "");
+    const bool mayBePayload =
+        dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr && !line.codes->parsed();
+    std::fprintf(stderr, "korvoqr: %s; type korvoqr%s --help for the %s%s\n", reason.c_str(), command.c_str(),
+                 command.empty() ? "commands" : "options",
+                 mayBePayload ? ", or -- before a payload that begins with -" : "");
     return korvoqr::usageOrInputError;
 }
 
@@ -161,12 +194,14 @@ int run(int argc, char** argv) {
     try {
         line.app.parse(arguments);
     } catch (const CLI::Success& wanted) {
-        return line.app.exit(wanted);
+        const int status = line.app.exit(wanted);
+        return std::cout.flush() ? status : static_cast<int>(korvoqr::usageOrInputError);
     } catch (const CLI::Error& error) {
-        return reportUsageError(line, error);
+        return reportUsageError(line, error, argc > 1 ? argv[1] : "");
     }
     unshield(line.parseOptions.input);
     unshield(line.explainOptions.input);
+    unshield(line.codesOptions.codes);
     if (line.parse->parsed()) {
         return korvoqr::runParse(line.parseOptions);
     }
@@ -179,6 +214,9 @@ int run(int argc, char** argv) {
 int main(int argc, char** argv) {
     try {
         return run(argc, argv);
+    } catch (const std::bad_alloc&) {
+        std::fputs("korvoqr: there is not enough memory for the longest payload and its answer\n", stderr);
+        return korvoqr::usageOrInputError;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "korvoqr: %s\n", error.what());
         return korvoqr::usageOrInputError;

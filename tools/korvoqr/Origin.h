@@ -1,0 +1,28 @@
+#ifndef KORVOQR_ORIGIN_H
+#define KORVOQR_ORIGIN_H
+
+#include "Terminal.h"
+
+#include <cstddef>
+#include <string>
+
+namespace korvoqr {
+
+/// Which code of which picture a payload comes from.
+struct Origin {
+    std::string file;       ///< as it was given; empty for a payload that comes from no picture
+    std::size_t code = 0;   ///< counted from 1
+    std::size_t codes = 0;  ///< how many the picture has
+
+    bool isPicture() const noexcept { return !file.empty(); }
+
+    /// For a person: "shop.png", or "shop.png, code 2 of 3".
+    std::string place() const {
+        return visible(file) + (codes > 1 ? ", code " + std::to_string(code) + " of " + std::to_string(codes)
+                                          : std::string());
+    }
+};
+
+}  // namespace korvoqr
+
+#endif
