@@ -4,6 +4,7 @@
 #include <KorvoQRParser/Decoding/CharacterReader.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstddef>
@@ -199,9 +200,8 @@ std::vector<std::string> received(std::string_view bytes) {
 
 // In a process of its own: what a stranger's picture makes of libraries that others wrote ends there.
 ImageContent readQRCodes(const std::string& file) {
-    int ends[2] =
-        {};  // NOLINT(modernize-avoid-c-arrays,cppcoreguidelines-avoid-c-arrays): the system's interface
-    if (::pipe(ends) != 0) {
+    std::array<int, 2> ends{};
+    if (::pipe(ends.data()) != 0) {
         return readHere(file);
     }
     const pid_t child = ::fork();
