@@ -181,7 +181,6 @@ TEST(Validator, DispatchesByPayloadFormatIndicator) {
     KorvoPayMerchantTLVValidator validator;
     KorvoPayMerchantTLV holder;
     EXPECT_EQ(validator.validatePayMerchantTLV(nullptr, ""), Codes{});
-    EXPECT_EQ(validator.validatePayMerchantTLV01(nullptr), Codes{});
     const Codes missing{"5", "7", "9", "11", "13", "15"};
     EXPECT_EQ(validator.validatePayMerchantTLV(&holder, "text"), missing);
     // Present but empty: no rule runs, and the codes of the run before come back.
