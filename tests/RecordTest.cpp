@@ -157,6 +157,7 @@ TEST(Response, CarriesWhatItIsGiven) {
     QRCodeError error({"41", "48"});
     const QRCodeParserResponse both(std::make_shared<QRCodeData>(), std::make_shared<QRCodeError>(error));
     EXPECT_TRUE(both.qrCodeData() && both.qrCodeError());
+    EXPECT_EQ(QRCodeParserResponse(both).qrCodeData(), both.qrCodeData());
     EXPECT_EQ(error.description(), "41 48 ");
     error.setErrorCodes({"9", "9"});
     EXPECT_EQ(error.description(), "9 9 ");

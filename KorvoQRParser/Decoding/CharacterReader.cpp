@@ -171,7 +171,7 @@ void CharacterReader::findPlainRun(std::size_t from) noexcept {
 }
 
 // Takes `count` characters, of which at least one lies behind the plain run; false when there are fewer.
-bool CharacterReader::skip(std::size_t count) {
+bool CharacterReader::skip(std::size_t count) noexcept {
     const std::size_t plainEndBefore = plainEnd_;
     std::size_t end = offset_;
     while (count > 0 && end < text_.size()) {

@@ -61,7 +61,7 @@ class CharacterReader {
 
     /// The next `count` characters. Absent when fewer remain or the bytes on the way are not valid UTF-8;
     /// then nothing has been taken.
-    std::optional<std::string_view> take(std::size_t count) {
+    std::optional<std::string_view> take(std::size_t count) noexcept {
         const std::size_t start = offset_;
         if (count <= plainEnd_ - start) {
             offset_ += count;
@@ -72,7 +72,7 @@ class CharacterReader {
     }
 
   private:
-    bool skip(std::size_t count);
+    bool skip(std::size_t count) noexcept;
     void findPlainRun(std::size_t from) noexcept;
 
     std::string_view text_;

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <new>
-#include <utility>
 
 namespace korvo {
 
@@ -13,9 +12,9 @@ namespace korvo {
 template <class Object>
 class NeverDestroyed {
   public:
-    template <class... Arguments>
-    explicit NeverDestroyed(Arguments&&... arguments)
-        : object_(new (storage_.data()) Object(std::forward<Arguments>(arguments)...)) {}
+    /// Holds what `make` returns.
+    template <class Make>
+    explicit NeverDestroyed(Make make) : object_(new (storage_.data()) Object(make())) {}
     NeverDestroyed(const NeverDestroyed&) = delete;
     NeverDestroyed& operator=(const NeverDestroyed&) = delete;
     ~NeverDestroyed() = default;

@@ -21,7 +21,7 @@ int seenTagBit(std::string_view tag) {
 
 }  // namespace
 
-std::optional<TLVDecodingError> TLVElementReader::next(TLVElement& element) {
+std::optional<TLVDecodingError> TLVElementReader::next(TLVElement& element) noexcept {
     const auto tag = characters_.take(format_.fieldWidth);
     if (!tag) {
         element = {};
@@ -49,7 +49,7 @@ std::optional<TLVDecodingError> TLVElementReader::next(TLVElement& element) {
     return std::nullopt;
 }
 
-bool TLVElementReader::isRepeated(std::string_view tag) {
+bool TLVElementReader::isRepeated(std::string_view tag) noexcept {
     const int bit = seenTagBit(tag);
     if (bit < 0) {
         return false;
@@ -59,12 +59,13 @@ bool TLVElementReader::isRepeated(std::string_view tag) {
     return repeated;
 }
 
-std::int64_t TLVFormat::readLength(std::string_view field) const {
+std::int64_t TLVFormat::readLength(std::string_view field) const noexcept {
     // Nearly every length field, without the general parse.
     if (const int number = twoDigitNumber(field); number >= 0) {
         return number;
     }
-    // The lower case of a letter outside ASCII may be a digit of base 36: the Kelvin sign's is "k".
+    // The lower case of a letter outside ASCII may be a digit of base 36: the Kelvin sign's is "k". A text
+    // this short needs no memory of its own, so nothing can be thrown.
     if (fieldWidth == 1 && field.size() > 1 && field.size() <= maxDigitBytes) {
         return parseInteger(lowerCased(field), lengthRadix).value_or(-1);
     }

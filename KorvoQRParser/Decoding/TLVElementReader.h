@@ -21,7 +21,7 @@ struct TLVFormat {
     std::int64_t minimumLength;  ///< the shortest value's characters
 
     /// The number in a length field; negative when it holds none, which is below every shortest length.
-    std::int64_t readLength(std::string_view field) const;
+    std::int64_t readLength(std::string_view field) const noexcept;
 };
 
 /// The format of payloads that begin with "00", and of what is inside tag 62.
@@ -53,10 +53,10 @@ class TLVElementReader {
 
     /// Reads the next element into `element`. On a fault, InvalidTagLength or RepeatedTag, the parts that
     /// were read before it have been filled in, and the reader must not be used to read on.
-    std::optional<TLVDecodingError> next(TLVElement& element);
+    std::optional<TLVDecodingError> next(TLVElement& element) noexcept;
 
   private:
-    bool isRepeated(std::string_view tag);
+    bool isRepeated(std::string_view tag) noexcept;
 
     CharacterReader characters_;
     TLVFormat format_;

@@ -37,7 +37,7 @@ class TLVPayloadWalk {
     explicit TLVPayloadWalk(Visitor visitor) : visitor_(visitor) {}
 
     /// Whether a text is in the two-digit format. Absent when it is shorter than any payload.
-    static std::optional<bool> isTwoDigit(CharacterReader payload) {
+    static std::optional<bool> isTwoDigit(CharacterReader payload) noexcept {
         const auto firstTwo = payload.take(2);
         if (!firstTwo) {
             return std::nullopt;

@@ -38,8 +38,9 @@ void KorvoPayMerchantTLVValidator::validateAdditionalDataField(const KorvoPayMer
 }
 
 void KorvoPayMerchantTLVValidator::validateAdditionalConsumerDataReq(const Value& request) {
-    static const NeverDestroyed<CharacterSet> allowed(
-        CharacterSet::characterSetWithCharactersInString(KorvoBaseConstants::allowedConsumerTags));
+    static const NeverDestroyed<CharacterSet> allowed([] {
+        return CharacterSet::characterSetWithCharactersInString(KorvoBaseConstants::allowedConsumerTags);
+    });
     if (request && (isLengthOutside(*request, 1, 3) || !consistsOfCharactersOf(request->text(), *allowed))) {
         addErrorCode(Codes::additionalConsumerDataInvalidValue);
     }

@@ -6,7 +6,8 @@
 namespace korvo {
 
 KorvoPayMerchantTLVValidator& KorvoPayMerchantTLVValidator::sharedValidator() {
-    static const NeverDestroyed<KorvoPayMerchantTLVValidator> validator;
+    static const NeverDestroyed<KorvoPayMerchantTLVValidator> validator(
+        [] { return KorvoPayMerchantTLVValidator(); });
     return *validator;
 }
 

@@ -10,21 +10,22 @@ namespace korvo {
 namespace {
 
 const CharacterSet& letters() {
-    static const NeverDestroyed<CharacterSet> set(CharacterSet::letterCharacterSet());
+    static const NeverDestroyed<CharacterSet> set(CharacterSet::letterCharacterSet);
     return *set;
 }
 
 const CharacterSet& amountCharacters() {
-    static const NeverDestroyed<CharacterSet> set(
-        CharacterSet::characterSetWithCharactersInString(KorvoBaseConstants::periodCharacter)
-            .formUnionWith(decimalDigits()));
+    static const NeverDestroyed<CharacterSet> set([] {
+        return CharacterSet::characterSetWithCharactersInString(KorvoBaseConstants::periodCharacter)
+            .formUnionWith(decimalDigits());
+    });
     return *set;
 }
 
 }  // namespace
 
 const CharacterSet& decimalDigits() {
-    static const NeverDestroyed<CharacterSet> set(CharacterSet::decimalDigitCharacterSet());
+    static const NeverDestroyed<CharacterSet> set(CharacterSet::decimalDigitCharacterSet);
     return *set;
 }
 
