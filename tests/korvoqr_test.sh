@@ -73,8 +73,11 @@ for payload in "$sample" "${faulty/6006MUMBAI/}"; do
 done
 # On a terminal: box drawing, no line over its width, colour unless the environment asks for none
 terminal() { TERM=xterm LC_ALL=C.UTF-8 script -qec "stty cols 80; $*" /dev/null | tr -d '\r'; }
-expect "nothing that a terminal obeys" "merchantName: \\x1B[31m\\u{202E}" \
-    "$(terminal "$korvoqr" parse "$(printf "'0a412345678416\033[31m\xE2\x80\xAE24581231M42IN53356'")" | grep merchantName)"
+hostile=$(printf "'0a412345678416\033[31m\xC2\x9B24581231M42IN53356'")
+expect "nothing that a terminal obeys" 'merchantName: \x1B[31m\u{9B} "merchantName":"\u001B[31m\u009B" "value":"\u001b[31m\u009B"' \
+    "$(echo "$(terminal "$korvoqr" parse "$hostile" | grep merchantName)" \
+        "$(terminal "$korvoqr" parse --format jsonl "$hostile" | grep -o '"merchantName":[^,]*')" \
+        "$(terminal "$korvoqr" explain --format json "$hostile" | grep -o '"value":"[^"]*31m[^,]*')")"
 shown=$(terminal NO_COLOR=1 "$korvoqr" explain -i "$work/explained")
 expect "lines within 80 columns" "" "$(LC_ALL=C.UTF-8 grep -vE '북|北|[^ -~─├└✗]' <<< "$shown" | LC_ALL=C.UTF-8 grep -E '.{81}')"
 grep -q '└─ 09' <<< "$shown" || expect "box drawing" "└─ 09" "$shown"

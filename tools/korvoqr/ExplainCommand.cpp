@@ -13,6 +13,7 @@ namespace korvoqr {
 ExitStatus runExplain(const ExplainOptions& options) {
     InputRun run(options.input);
     const Style style = styleOf(STDOUT_FILENO, options.colour);
+    const bool isForPerson = isTerminal(STDOUT_FILENO);
     bool isFirst = true;
     const auto explainOne = [&](std::string_view payload, const Origin& origin) {
         const Explanation explanation = explain(payload);
@@ -20,7 +21,8 @@ ExitStatus runExplain(const ExplainOptions& options) {
             run.noteRejected();
         }
         if (options.asJSON) {
-            run.output().write(explanationJSON(explanation, origin));
+            const std::string json = explanationJSON(explanation, origin);
+            run.output().write(isForPerson ? harmlessJSON(json) : json);
             return;
         }
         run.output().write(std::exchange(isFirst, false) ? "" : "\n");

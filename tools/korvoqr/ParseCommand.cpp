@@ -101,7 +101,13 @@ class ParseRun {
         if (options_.format == Format::text && tally_.payloads() > 0) {
             run_.output().write("\n");
         }
-        run_.output().write(isForPerson_ ? harmless(answers.text) : answers.text);
+        if (!isForPerson_) {
+            run_.output().write(answers.text);
+        } else if (options_.format == Format::text) {
+            run_.output().write(harmless(answers.text));
+        } else {
+            run_.output().write(harmlessJSON(answers.text));
+        }
         for (const std::uint64_t number : answers.unprintable) {
             progress_.clear();
             std::fprintf(stderr,
@@ -120,7 +126,7 @@ class ParseRun {
     InputRun run_;
     Progress progress_;
     // A program gets a record's values as they are; a terminal would obey some of them.
-    bool isForPerson_ = options_.format == Format::text && isTerminal(STDOUT_FILENO);
+    bool isForPerson_ = isTerminal(STDOUT_FILENO);
     Tally tally_;
     std::uint64_t bytes_ = 0;
 };

@@ -13,6 +13,7 @@
 #include <langinfo.h>
 #include <sys/ioctl.h>
 #include <unicode/uchar.h>
+#include <unicode/utf16.h>
 #include <unistd.h>
 
 namespace korvoqr {
@@ -84,11 +85,41 @@ std::size_t columnsOf(std::int32_t codePoint) {
     return width == U_EA_WIDE || width == U_EA_FULLWIDTH ? 2 : 1;
 }
 
+std::string formatted(const char* format, std::uint32_t number) {
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), format, static_cast<unsigned>(number));
+    return text.data();
+}
+
+// \x1B and \u{202E}; the bytes where there is no code point.
+std::string escapedForPerson(std::int32_t codePoint, std::string_view bytes) {
+    if (codePoint >= 0x80) {
+        return formatted("\\u{%X}", static_cast<std::uint32_t>(codePoint));
+    }
+    std::string escaped;
+    for (const char byte : bytes) {
+        escaped += formatted("\\x%02X", static_cast<unsigned char>(byte));
+    }
+    return escaped;
+}
+
+// In UTF-16, as JSON has it.
+std::string escapedForJSON(std::int32_t codePoint, std::string_view bytes) {
+    constexpr std::int32_t beyondOneUnit = 0x10000;
+    if (codePoint < 0) {
+        return std::string(bytes);
+    }
+    const auto number = static_cast<std::uint32_t>(codePoint);
+    return codePoint < beyondOneUnit
+               ? formatted("\\u%04X", number)
+               : formatted("\\u%04X", U16_LEAD(number)) + formatted("\\u%04X", U16_TRAIL(number));
+}
+
 // The text with what is invisible escaped, but for some; some get a backslash.
-std::string shown(std::string_view text, std::string_view withBackslash, std::string_view asItIs) {
+std::string shown(std::string_view text, std::string_view withBackslash, std::string_view asItIs,
+                  std::string (*escape)(std::int32_t, std::string_view)) {
     constexpr std::int32_t none = -1;
     std::string result;
-    std::array<char, 16> escape{};
     std::int32_t previous = none;
     for (std::size_t offset = 0; offset < text.size();) {
         const std::size_t start = offset;
@@ -96,18 +127,12 @@ std::string shown(std::string_view text, std::string_view withBackslash, std::st
         std::size_t ahead = offset;
         const std::int32_t next = ahead < text.size() ? korvo::nextCodePoint(text, ahead) : none;
         const std::string_view bytes = text.substr(start, offset - start);
-        if (codePoint >= 0 &&
-            (asItIs.find(bytes) != std::string_view::npos || !isInvisible(codePoint, previous, next))) {
+        if (codePoint < 0 ||
+            (asItIs.find(bytes) == std::string_view::npos && isInvisible(codePoint, previous, next))) {
+            result += escape(codePoint, bytes);
+        } else {
             result += withBackslash.find(bytes) != std::string_view::npos ? "\\" : "";
             result += bytes;
-        } else if (codePoint >= 0x80) {
-            std::snprintf(escape.data(), escape.size(), "\\u{%X}", static_cast<unsigned>(codePoint));
-            result += escape.data();
-        } else {
-            for (const char byte : bytes) {
-                std::snprintf(escape.data(), escape.size(), "\\x%02X", static_cast<unsigned char>(byte));
-                result += escape.data();
-            }
         }
         previous = codePoint;
     }
@@ -147,11 +172,15 @@ std::string painted(const Style& style, Paint paint, std::string_view text) {
 }
 
 std::string visible(std::string_view text) {
-    return shown(text, "\"\\", "");
+    return shown(text, "\"\\", "", escapedForPerson);
 }
 
 std::string harmless(std::string_view text) {
-    return shown(text, "", "\n");
+    return shown(text, "", "\n", escapedForPerson);
+}
+
+std::string harmlessJSON(std::string_view json) {
+    return shown(json, "", "\n", escapedForJSON);
 }
 
 // Terminals differ on emoji. This counts a skin colour in full, as some do, so that no line is too long.

@@ -37,6 +37,9 @@ std::string visible(std::string_view text);
 /// The same for a text of several lines, without the backslashes: those two characters and line feeds stay.
 std::string harmless(std::string_view text);
 
+/// The same for JSON text, whose meaning stays what it is.
+std::string harmlessJSON(std::string_view json);
+
 /// How many columns a terminal gives to a text that `visible` has made.
 std::size_t displayWidth(std::string_view text);
 
