@@ -12,9 +12,9 @@ namespace korvo {
 template <class Object>
 class NeverDestroyed {
   public:
-    /// Holds what `make` returns.
+    /// Holds what `make` returns, which must not throw.
     template <class Make>
-    explicit NeverDestroyed(Make make) : object_(new (storage_.data()) Object(make())) {}
+    explicit NeverDestroyed(Make make) noexcept : object_(new (storage_.data()) Object(make())) {}
     NeverDestroyed(const NeverDestroyed&) = delete;
     NeverDestroyed& operator=(const NeverDestroyed&) = delete;
     ~NeverDestroyed() = default;

@@ -36,11 +36,11 @@ std::optional<std::size_t> countryPosition(std::string_view code) noexcept {
 }
 
 // The platform's list cannot change while the process runs, so it is read once.
-CountrySet readPlatformCountries() {
+CountrySet readPlatformCountries() noexcept {
     CountrySet countries;
     for (const char* const* code = uloc_getISOCountries(); *code != nullptr; ++code) {
         if (const auto position = countryPosition(*code)) {
-            countries.set(*position);
+            countries[*position] = true;
         }
     }
     return countries;
