@@ -54,7 +54,8 @@ class TLVPayloadWalk {
         return *twoDigit ? walkTwoDigitElements(payload) : walkOneCharacterElements(payload);
     }
 
-    Result walkTwoDigitElements(const CharacterReader& payload) {
+    // Each loop on its own: both in one function cost a payload of either format a twentieth of its time.
+    [[gnu::noinline]] Result walkTwoDigitElements(const CharacterReader& payload) {
         TLVElementReader elements(payload, twoDigitFormat);
         TLVElement element;
         std::optional<PayMerchantValidTLV01> tag;
@@ -79,7 +80,7 @@ class TLVPayloadWalk {
         return std::nullopt;
     }
 
-    Result walkOneCharacterElements(const CharacterReader& payload) {
+    [[gnu::noinline]] Result walkOneCharacterElements(const CharacterReader& payload) {
         return walkFlatElements<payMerchantValidTLV00InEitherCase>(payload, oneCharacterFormat, false);
     }
 
