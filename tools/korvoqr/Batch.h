@@ -17,12 +17,13 @@ namespace korvoqr {
 /// Answers blocks of input on several threads and delivers the answers in the order of the blocks. With one
 /// job, or where no thread can be started, everything happens in the caller's thread, during `add`.
 ///
-/// `Answer` is what `answer` makes of a block, on any thread. `deliver` is called with one answer at a time,
-/// as soon as that and all before it are there. At most four blocks for each thread are held at once.
+/// `answer` makes an `Answer` of a block, on any thread. It gets one that is new or has been delivered, whose
+/// memory it had better use again: answers are large. `deliver` is called with one answer at a time, as soon
+/// as that and all before it are there. At most four blocks for each thread are held at once.
 template <class Answer>
 class Batch {
   public:
-    Batch(std::size_t jobs, std::function<Answer(const std::string&)> answer,
+    Batch(std::size_t jobs, std::function<void(const std::string&, Answer&)> answer,
           std::function<void(const Answer&)> deliver)
         : answer_(std::move(answer)), deliver_(std::move(deliver)), most_(4 * jobs) {
         // Where the machine gives no more threads, those that there are do the work.
@@ -41,7 +42,8 @@ class Batch {
     /// Takes a block over; waits while too many are under way.
     void add(std::string block) {
         if (workers_.empty()) {
-            deliver_(answer_(block));
+            answer_(block, own_);
+            deliver_(own_);
             return;
         }
         std::unique_lock lock(mutex_);
@@ -82,8 +84,9 @@ class Batch {
             // Others add and take away at the ends only, which moves no task.
             Task& task = tasks_[started_++];
             try {
+                Answer answer = takeSpare();
                 lock.unlock();
-                Answer answer = answer_(task.block);
+                answer_(task.block, answer);
                 lock.lock();
                 task.answer = std::move(answer);
                 task.isDone = true;
@@ -100,16 +103,26 @@ class Batch {
 
     void deliverDone(std::unique_lock<std::mutex>& lock) {
         while (!isDelivering_ && !tasks_.empty() && tasks_.front().isDone) {
-            const Answer answer = std::move(tasks_.front().answer);
+            Answer answer = std::move(tasks_.front().answer);
             isDelivering_ = true;
             lock.unlock();
             deliver_(answer);
             lock.lock();
             isDelivering_ = false;
+            spares_.push_back(std::move(answer));
             tasks_.pop_front();
             --started_;
             changed_.notify_all();
         }
+    }
+
+    Answer takeSpare() {
+        if (spares_.empty()) {
+            return {};
+        }
+        Answer spare = std::move(spares_.back());
+        spares_.pop_back();
+        return spare;
     }
 
     void stop() {
@@ -124,12 +137,14 @@ class Batch {
         workers_.clear();
     }
 
-    std::function<Answer(const std::string&)> answer_;
+    std::function<void(const std::string&, Answer&)> answer_;
     std::function<void(const Answer&)> deliver_;
     std::size_t most_;
     std::mutex mutex_;
     std::condition_variable changed_;
     std::deque<Task> tasks_;
+    std::vector<Answer> spares_;
+    Answer own_;  // the caller's, where it does the work
     std::size_t started_ = 0;
     bool isDelivering_ = false;
     bool isEnding_ = false;

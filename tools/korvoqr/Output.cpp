@@ -10,18 +10,26 @@ namespace korvoqr {
 
 void Output::write(std::string_view text) {
     constexpr std::size_t enough = std::size_t{64} * 1024;
-    collected_ += text;
-    if (collected_.size() >= enough) {
+    if (collected_.size() + text.size() >= enough) {
         flush();
+        if (text.size() >= enough) {
+            writeAll(text);
+            return;
+        }
     }
+    collected_ += text;
 }
 
 void Output::flush() {
-    std::string_view left = collected_;
-    while (!left.empty() && errorNumber_ == 0) {
-        const ssize_t written = ::write(STDOUT_FILENO, left.data(), left.size());
+    writeAll(collected_);
+    collected_.clear();
+}
+
+void Output::writeAll(std::string_view text) {
+    while (!text.empty() && errorNumber_ == 0) {
+        const ssize_t written = ::write(STDOUT_FILENO, text.data(), text.size());
         if (written >= 0) {
-            left.remove_prefix(static_cast<std::size_t>(written));
+            text.remove_prefix(static_cast<std::size_t>(written));
         } else if (errno == EAGAIN) {
             // Whoever shares the descriptor has made it one that does not wait.
             pollfd ready{STDOUT_FILENO, POLLOUT, 0};
@@ -30,7 +38,6 @@ void Output::flush() {
             errorNumber_ = errno;
         }
     }
-    collected_.clear();
 }
 
 }  // namespace korvoqr

@@ -24,6 +24,8 @@ class Output {
     int errorNumber() const noexcept { return errorNumber_; }
 
   private:
+    void writeAll(std::string_view text);
+
     std::string collected_;
     std::atomic<int> errorNumber_ = 0;
 };

@@ -23,6 +23,12 @@ struct Answers {
     std::vector<std::uint64_t> unprintable;  // which of them are accepted, but empty as JSON
     std::size_t bytes = 0;                   // of input
     std::string place;                       // the picture that a single one comes from
+
+    void clear() {
+        text.clear();
+        tally = {};
+        unprintable.clear();
+    }
 };
 
 void answer(std::string_view payload, Format format, const Origin& origin, Answers& answers) {
@@ -80,13 +86,12 @@ class ParseRun {
     void parseFile() {
         Batch<Answers> batch(
             options_.jobs,
-            [this](const std::string& block) {
-                Answers answers;
+            [this](const std::string& block, Answers& answers) {
+                answers.clear();
                 answers.bytes = block.size();
                 forEachPayload(block, run_.delimiter(), [&](std::string_view payload) {
                     answer(payload, options_.format, {}, answers);
                 });
-                return answers;
             },
             [this](const Answers& answers) {
                 deliver(answers);
