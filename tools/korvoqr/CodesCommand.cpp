@@ -50,8 +50,8 @@ ExitStatus runCodes(const CodesOptions& options) {
     for (const std::string& code : options.codes) {
         const auto* const entry = korvo::findErrorCatalogueEntry(code);
         if (entry == nullptr) {
-            std::fprintf(stderr, "korvoqr: there is no code \"%s\"; type korvoqr codes for all of them\n",
-                         visible(code).c_str());
+            std::fprintf(stderr, "korvoqr: there is no code %s; type korvoqr codes for all of them\n",
+                         inQuotes(code).c_str());
             return usageOrInputError;
         }
         entries.push_back(entry);

@@ -65,10 +65,6 @@ class Recorder {
     std::size_t insideOffset_ = 0;
 };
 
-std::string quoted(std::string_view text) {
-    return '"' + visible(text) + '"';
-}
-
 std::string counted(std::int64_t count, std::string_view noun) {
     return std::to_string(count) + ' ' + std::string(noun) + (count == 1 ? "" : "s");
 }
@@ -111,7 +107,7 @@ class FaultReader {
             return element.isInsideAdditionalData == isInside_ &&
                    korvo::lowerCased(element.tag) == korvo::lowerCased(fault_.element.tag);
         });
-        reason_ = "tag " + quoted(fault_.element.tag) + " occurs a second time";
+        reason_ = "tag " + inQuotes(fault_.element.tag) + " occurs a second time";
         if (first != elements_.end()) {
             reason_ += ", first at offset " + std::to_string(first->offset);
         }
@@ -121,7 +117,7 @@ class FaultReader {
         const bool isKnown = !elements_.empty() && elements_.back().tag.data() >= fault_.element.tag.data();
         if (!isKnown) {
             const bool isTwoDigit = fault_.format.fieldWidth == 2;
-            reason_ = "tag " + quoted(fault_.element.tag) + " is not known; tags are " +
+            reason_ = "tag " + inQuotes(fault_.element.tag) + " is not known; tags are " +
                       (isInside_    ? "01 to 22"
                        : isTwoDigit ? "00 to 63"
                                     : "0 to 9, A and B");
@@ -136,7 +132,7 @@ class FaultReader {
             const auto next = std::find_if(checksum, elements_.end(),
                                            [](const auto& element) { return element.name != "63"; });
             position_ = next->tag.data();
-            reason_ = "tag " + quoted(next->tag) + " follows the checksum, tag 63, which must be the last";
+            reason_ = "tag " + inQuotes(next->tag) + " follows the checksum, tag 63, which must be the last";
         }
     }
 
@@ -147,10 +143,7 @@ class FaultReader {
         while (left_ < wanted && characters.take(1)) {
             ++left_;
         }
-        if (left_ == wanted) {
-            return false;
-        }
-        if (characters.atEnd()) {
+        if (left_ == wanted || characters.atEnd()) {
             return false;
         }
         const std::string_view unread = characters.rest();
@@ -183,7 +176,7 @@ class FaultReader {
             reason_ = counted(left_, "character") + " left, but a tag takes " + width;
         } else if (element.length.empty()) {
             position_ = rest.data();
-            reason_ = counted(left_, "character") + " left, but the length of tag " + quoted(element.tag) +
+            reason_ = counted(left_, "character") + " left, but the length of tag " + inQuotes(element.tag) +
                       " takes " + width;
         } else {
             position_ = element.length.data();
@@ -200,10 +193,10 @@ class FaultReader {
             }
             reason_ += ", " + counted(left_, "character") + " left";
         } else if (length == 0) {
-            reason_ = "length " + quoted(element.length) + ": an empty value is not allowed here";
+            reason_ = "length " + inQuotes(element.length) + ": an empty value is not allowed here";
         } else {
             reason_ =
-                "length " + quoted(element.length) + " is not " +
+                "length " + inQuotes(element.length) + " is not " +
                 (format.fieldWidth == 1 ? "a digit of base 36 (0 to 9, a to z)" : "a number from 01 to 99");
         }
     }

@@ -14,6 +14,7 @@ constexpr std::size_t tagColumn = 8;
 constexpr std::size_t lengthColumn = 15;
 constexpr std::size_t meaningColumn = 20;
 constexpr std::size_t valueColumn = 48;
+constexpr std::size_t gap = 2;  // blanks between two of them
 
 class Page {
   public:
@@ -59,11 +60,16 @@ class Page {
         text_ += painted(style_, Paint::heading, "Offset  Tag    Len  Meaning                     Value");
         text_ += '\n';
         if (style_.boxes) {
+            const std::array<std::size_t, 5> ends{tagColumn, lengthColumn, meaningColumn, valueColumn,
+                                                  std::max(style_.width, valueColumn + 5) + gap};
             std::string rule;
-            for (std::size_t i = 0; i < std::max(style_.width, valueColumn + 5); ++i) {
-                const bool isGap =
-                    i == 6 || i == 7 || i == 13 || i == 14 || i == 18 || i == 19 || i == 46 || i == 47;
-                rule += isGap ? " " : "─";
+            std::size_t begin = 0;
+            for (const std::size_t end : ends) {
+                for (std::size_t i = begin; i + gap < end; ++i) {
+                    rule += "─";
+                }
+                rule += end == ends.back() ? "" : std::string(gap, ' ');
+                begin = end;
             }
             text_ += painted(style_, Paint::dim, rule) + '\n';
         }
@@ -86,7 +92,7 @@ class Page {
         text_ += padded(element.meaning, valueColumn - meaningColumn);
         // What is inside follows in rows of its own.
         const bool isOpened = isFollowedInside && !element.isInsideAdditionalData;
-        addColumn(isOpened ? "" : '"' + visible(element.value.text()) + '"', valueColumn, false);
+        addColumn(isOpened ? "" : inQuotes(element.value.text()), valueColumn, false);
         for (const auto* const entry : element.violations) {
             addViolation(*entry, meaningColumn);
         }
@@ -119,8 +125,8 @@ class Page {
         text_ += painted(style_, Paint::fault, std::string(mark) + code) + '\n';
         std::string meaning(entry.meaning);
         if (entry.code == korvo::KorvoErrorConstants::crcInvalidValue && explanation_.computedChecksum) {
-            meaning += " Found: \"" + visible(explanation_.elements.back().value.text()) +
-                       "\"; the payload should end with 6304" + *explanation_.computedChecksum + '.';
+            meaning += " Found: " + inQuotes(explanation_.elements.back().value.text()) +
+                       "; the payload should end with 6304" + *explanation_.computedChecksum + '.';
         }
         text_ += std::string(column + 2, ' ');
         addColumn(meaning, column + 2, true);

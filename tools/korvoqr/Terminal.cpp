@@ -175,6 +175,10 @@ std::string visible(std::string_view text) {
     return shown(text, "\"\\", "", escapedForPerson);
 }
 
+std::string inQuotes(std::string_view text) {
+    return '"' + visible(text) + '"';
+}
+
 std::string harmless(std::string_view text) {
     return shown(text, "", "\n", escapedForPerson);
 }

@@ -34,6 +34,9 @@ bool isTerminal(int fileDescriptor);
 /// backslashes get a backslash.
 std::string visible(std::string_view text);
 
+/// The same between quotation marks.
+std::string inQuotes(std::string_view text);
+
 /// The same for a text of several lines, without the backslashes: those two characters and line feeds stay.
 std::string harmless(std::string_view text);
 
