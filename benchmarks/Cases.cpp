@@ -1,9 +1,9 @@
 #include "Cases.h"
 
 #include <KorvoQRParser/Decoding/CRC.h>
-#include <KorvoQRParser/Decoding/CharacterReader.h>
 #include <KorvoQRParser/Decoding/TagRawValues.h>
-#include <KorvoQRParser/Decoding/TextHelpers.h>
+#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
+#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>
 
 #include <array>

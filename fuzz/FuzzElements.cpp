@@ -1,6 +1,6 @@
 #include "Properties.h"
 #include <KorvoQRParser/Decoding/TagRawValues.h>
-#include <KorvoQRParser/Decoding/TextHelpers.h>
+#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 
 #include <algorithm>
 #include <cstddef>

@@ -1,6 +1,6 @@
 #include "Payloads.h"
-#include <KorvoQRParser/Decoding/CharacterSet.h>
-#include <KorvoQRParser/Decoding/TextHelpers.h>
+#include <KorvoQRParser/Decoding/Text/CharacterSet.h>
+#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 
 #include <random>
 #include <sstream>

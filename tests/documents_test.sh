@@ -74,11 +74,15 @@ for function in $(nm -D --undefined-only "$build/KorvoQRParser/libKorvoQRParser.
     grep -qF "\`$function\`" "$source/docs/porting.md" || { echo "FAILED: docs/porting.md lacks $function"; exit 1; }
 done
 echo "the arrows between the rooms"
-for arrow in "Decoding Parser|Validation|Model" "Model Parser|Validation|Decoding/(?!CharacterReader)" "Validation Parser|Model"; do
-    if grep -rnP "#include <KorvoQRParser/(${arrow#* })" "$source/KorvoQRParser/${arrow%% *}"; then
-        echo "FAILED: ${arrow%% *} must not know these"
-        exit 1
-    fi
+for arrow in "Decoding/Text Decoding/(?!Text/)|Validation|Parser|Model" "Decoding Validation|Parser|Model" \
+    "Model Parser|Validation|Decoding/(?!Text/)" "Validation Parser|Model"; do
+    for folder in "$source/KorvoQRParser" "$source/KorvoQRParser/include/KorvoQRParser"; do
+        [[ -d $folder/${arrow%% *} ]] || continue
+        if grep -rnP "#include <KorvoQRParser/(${arrow#* })" "$folder/${arrow%% *}"; then
+            echo "FAILED: ${arrow%% *} must not know these"
+            exit 1
+        fi
+    done
 done
 echo "the version"
 [[ $(grep -m 1 '^## ' "$source/CHANGELOG.md") == "## $version" ]]

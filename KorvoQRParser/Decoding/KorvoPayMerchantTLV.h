@@ -1,8 +1,8 @@
 #ifndef KORVOQRPARSER_DECODING_KORVOPAYMERCHANTTLV_H
 #define KORVOQRPARSER_DECODING_KORVOPAYMERCHANTTLV_H
 
-#include <KorvoQRParser/Decoding/CountedText.h>
 #include <KorvoQRParser/Decoding/TLVDecodingProtocol.h>
+#include <KorvoQRParser/Decoding/Text/CountedText.h>
 
 #include <optional>
 #include <string_view>

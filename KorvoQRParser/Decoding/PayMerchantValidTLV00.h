@@ -1,7 +1,7 @@
 #ifndef KORVOQRPARSER_DECODING_PAYMERCHANTVALIDTLV00_H
 #define KORVOQRPARSER_DECODING_PAYMERCHANTVALIDTLV00_H
 
-#include <KorvoQRParser/Decoding/ASCII.h>
+#include <KorvoQRParser/Decoding/Text/ASCII.h>
 
 #include <cstddef>
 #include <optional>

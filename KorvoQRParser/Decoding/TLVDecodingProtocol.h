@@ -1,11 +1,11 @@
 #ifndef KORVOQRPARSER_DECODING_TLVDECODINGPROTOCOL_H
 #define KORVOQRPARSER_DECODING_TLVDECODINGPROTOCOL_H
 
-#include <KorvoQRParser/Decoding/CountedText.h>
 #include <KorvoQRParser/Decoding/PMValidTLV01AdditionalDataField.h>
 #include <KorvoQRParser/Decoding/PayMerchantValidTLV00.h>
 #include <KorvoQRParser/Decoding/PayMerchantValidTLV01.h>
 #include <KorvoQRParser/Decoding/TLVDecodingError.h>
+#include <KorvoQRParser/Decoding/Text/CountedText.h>
 
 #include <optional>
 #include <string_view>

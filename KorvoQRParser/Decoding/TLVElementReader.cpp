@@ -1,7 +1,7 @@
-#include <KorvoQRParser/Decoding/ASCII.h>
 #include <KorvoQRParser/Decoding/TLVElementReader.h>
 #include <KorvoQRParser/Decoding/TagRawValues.h>
-#include <KorvoQRParser/Decoding/TextHelpers.h>
+#include <KorvoQRParser/Decoding/Text/ASCII.h>
+#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 
 namespace korvo {
 

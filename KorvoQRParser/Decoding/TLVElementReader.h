@@ -1,9 +1,9 @@
 #ifndef KORVOQRPARSER_DECODING_TLVELEMENTREADER_H
 #define KORVOQRPARSER_DECODING_TLVELEMENTREADER_H
 
-#include <KorvoQRParser/Decoding/CharacterReader.h>
-#include <KorvoQRParser/Decoding/CountedText.h>
 #include <KorvoQRParser/Decoding/TLVDecodingError.h>
+#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
+#include <KorvoQRParser/Decoding/Text/CountedText.h>
 
 #include <bitset>
 #include <cstddef>

@@ -1,12 +1,12 @@
 #ifndef KORVOQRPARSER_DECODING_TLVPAYLOADWALK_H
 #define KORVOQRPARSER_DECODING_TLVPAYLOADWALK_H
 
-#include <KorvoQRParser/Decoding/CharacterReader.h>
 #include <KorvoQRParser/Decoding/PMValidTLV01AdditionalDataField.h>
 #include <KorvoQRParser/Decoding/PayMerchantValidTLV00.h>
 #include <KorvoQRParser/Decoding/PayMerchantValidTLV01.h>
 #include <KorvoQRParser/Decoding/TLVDecodingError.h>
 #include <KorvoQRParser/Decoding/TLVElementReader.h>
+#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
 
 #include <optional>
 #include <string_view>

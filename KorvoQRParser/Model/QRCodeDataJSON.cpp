@@ -1,4 +1,4 @@
-#include <KorvoQRParser/Decoding/CharacterReader.h>
+#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
 #include <KorvoQRParser/Model/JSONString.h>
 #include <KorvoQRParser/Model/QRCodeData.h>
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>

@@ -1,4 +1,4 @@
-#include <KorvoQRParser/Decoding/TextHelpers.h>
+#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 #include <KorvoQRParser/Model/QRCodeDataFiller.h>
 #include <KorvoQRParser/Parser/assembleQRCodeData.h>
 

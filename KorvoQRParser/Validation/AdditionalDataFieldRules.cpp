@@ -1,5 +1,5 @@
-#include <KorvoQRParser/Decoding/CharacterSet.h>
-#include <KorvoQRParser/Decoding/Lifetimes.h>
+#include <KorvoQRParser/Decoding/Text/CharacterSet.h>
+#include <KorvoQRParser/Decoding/Text/Lifetimes.h>
 #include <KorvoQRParser/Validation/KorvoBaseConstants.h>
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>

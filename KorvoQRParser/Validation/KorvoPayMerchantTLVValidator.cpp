@@ -1,4 +1,4 @@
-#include <KorvoQRParser/Decoding/Lifetimes.h>
+#include <KorvoQRParser/Decoding/Text/Lifetimes.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include <KorvoQRParser/Decoding/CRC.h>
-#include <KorvoQRParser/Decoding/CharacterSet.h>
-#include <KorvoQRParser/Decoding/TextHelpers.h>
+#include <KorvoQRParser/Decoding/Text/CharacterSet.h>
+#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 #include <KorvoQRParser/Validation/ISOCountryCodes.h>
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>

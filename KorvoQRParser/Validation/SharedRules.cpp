@@ -1,6 +1,6 @@
-#include <KorvoQRParser/Decoding/CharacterSet.h>
-#include <KorvoQRParser/Decoding/Lifetimes.h>
-#include <KorvoQRParser/Decoding/TextHelpers.h>
+#include <KorvoQRParser/Decoding/Text/CharacterSet.h>
+#include <KorvoQRParser/Decoding/Text/Lifetimes.h>
+#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 #include <KorvoQRParser/Validation/KorvoBaseConstants.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
 #include <KorvoQRParser/Validation/SharedRules.h>

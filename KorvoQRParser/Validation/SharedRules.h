@@ -1,8 +1,8 @@
 #ifndef KORVOQRPARSER_VALIDATION_SHAREDRULES_H
 #define KORVOQRPARSER_VALIDATION_SHAREDRULES_H
 
-#include <KorvoQRParser/Decoding/CharacterSet.h>
-#include <KorvoQRParser/Decoding/CountedText.h>
+#include <KorvoQRParser/Decoding/Text/CharacterSet.h>
+#include <KorvoQRParser/Decoding/Text/CountedText.h>
 
 #include <cstddef>
 #include <cstdint>

@@ -4,7 +4,7 @@
 #include "Terminal.h"
 #include <KorvoQRParser/Decoding/KorvoPayMerchantTLV.h>
 #include <KorvoQRParser/Decoding/TLVPayloadWalk.h>
-#include <KorvoQRParser/Decoding/TextHelpers.h>
+#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 #include <KorvoQRParser/KorvoQRParser.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
 #include <KorvoQRParser/Validation/SharedRules.h>

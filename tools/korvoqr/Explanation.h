@@ -1,7 +1,7 @@
 #ifndef KORVOQR_EXPLANATION_H
 #define KORVOQR_EXPLANATION_H
 
-#include <KorvoQRParser/Decoding/CountedText.h>
+#include <KorvoQRParser/Decoding/Text/CountedText.h>
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 
 #include <cstddef>

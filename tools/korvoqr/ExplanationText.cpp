@@ -1,5 +1,5 @@
 #include "ExplanationRendering.h"
-#include <KorvoQRParser/Decoding/TextHelpers.h>
+#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 
 #include <algorithm>
 #include <array>

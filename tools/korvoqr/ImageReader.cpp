@@ -1,7 +1,7 @@
 #include "ImageReader.h"
 
 #include "PayloadInput.h"
-#include <KorvoQRParser/Decoding/CharacterReader.h>
+#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "Rendering.h"
 
-#include <KorvoQRParser/Decoding/CharacterReader.h>
+#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
 #include <KorvoQRParser/Model/JSONString.h>
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>
 

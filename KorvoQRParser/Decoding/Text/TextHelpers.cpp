@@ -1,7 +1,7 @@
-#include <KorvoQRParser/Decoding/ASCII.h>
-#include <KorvoQRParser/Decoding/ICUHandles.h>
-#include <KorvoQRParser/Decoding/Lifetimes.h>
-#include <KorvoQRParser/Decoding/TextHelpers.h>
+#include <KorvoQRParser/Decoding/Text/ASCII.h>
+#include <KorvoQRParser/Decoding/Text/ICUHandles.h>
+#include <KorvoQRParser/Decoding/Text/Lifetimes.h>
+#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
-#include <KorvoQRParser/Decoding/CountedText.h>
-#include <KorvoQRParser/Decoding/TextHelpers.h>
+#include <KorvoQRParser/Decoding/Text/CountedText.h>
+#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 
 namespace korvo {
 

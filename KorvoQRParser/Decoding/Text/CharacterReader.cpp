@@ -1,6 +1,6 @@
-#include <KorvoQRParser/Decoding/CharacterReader.h>
-#include <KorvoQRParser/Decoding/ICUHandles.h>
-#include <KorvoQRParser/Decoding/Lifetimes.h>
+#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
+#include <KorvoQRParser/Decoding/Text/ICUHandles.h>
+#include <KorvoQRParser/Decoding/Text/Lifetimes.h>
 
 #include <algorithm>
 #include <cstring>

@@ -1,7 +1,7 @@
-#ifndef KORVOQRPARSER_DECODING_CHARACTERREADER_H
-#define KORVOQRPARSER_DECODING_CHARACTERREADER_H
+#ifndef KORVOQRPARSER_DECODING_TEXT_CHARACTERREADER_H
+#define KORVOQRPARSER_DECODING_TEXT_CHARACTERREADER_H
 
-#include <KorvoQRParser/Decoding/CountedText.h>
+#include <KorvoQRParser/Decoding/Text/CountedText.h>
 
 #include <cstddef>
 #include <cstdint>

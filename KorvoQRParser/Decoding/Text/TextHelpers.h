@@ -1,8 +1,8 @@
-#ifndef KORVOQRPARSER_DECODING_TEXTHELPERS_H
-#define KORVOQRPARSER_DECODING_TEXTHELPERS_H
+#ifndef KORVOQRPARSER_DECODING_TEXT_TEXTHELPERS_H
+#define KORVOQRPARSER_DECODING_TEXT_TEXTHELPERS_H
 
-#include <KorvoQRParser/Decoding/CharacterReader.h>
-#include <KorvoQRParser/Decoding/CountedText.h>
+#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
+#include <KorvoQRParser/Decoding/Text/CountedText.h>
 
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,5 @@
-#include <KorvoQRParser/Decoding/CharacterSet.h>
-#include <KorvoQRParser/Decoding/TextHelpers.h>
+#include <KorvoQRParser/Decoding/Text/CharacterSet.h>
+#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 
 #include <algorithm>
 #include <cstddef>
