@@ -1,7 +1,7 @@
 #include "Cases.h"
 
 #include <KorvoQRParser/Decoding/CRC.h>
-#include <KorvoQRParser/Decoding/TagRawValues.h>
+#include <KorvoQRParser/Decoding/TagRow.h>
 #include <KorvoQRParser/Decoding/Text/CharacterReader.h>
 #include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>

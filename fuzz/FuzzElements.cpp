@@ -1,5 +1,5 @@
 #include "Properties.h"
-#include <KorvoQRParser/Decoding/TagRawValues.h>
+#include <KorvoQRParser/Decoding/TagRow.h>
 #include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 
 #include <algorithm>

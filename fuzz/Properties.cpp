@@ -2,7 +2,7 @@
 
 #include <KorvoQRParser/Decoding/CRC.h>
 #include <KorvoQRParser/Decoding/TLVElementReader.h>
-#include <KorvoQRParser/Decoding/TagRawValues.h>
+#include <KorvoQRParser/Decoding/TagRow.h>
 #include <KorvoQRParser/KorvoQRParser.h>
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>
 

@@ -1,4 +1,5 @@
 #include <KorvoQRParser/Decoding/CRC.h>
+#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 
 #include <array>
 #include <cstddef>
@@ -48,6 +49,10 @@ std::uint16_t computeCRC16(std::string_view text) noexcept {
         crc = ((crc << 8U) & 0xFF00U) ^ crcTables[0][(crc >> 8U) ^ *bytes];
     }
     return static_cast<std::uint16_t>(crc);
+}
+
+std::uint16_t checksumOfPayload(std::string_view payload) noexcept {
+    return computeCRC16(droppingLastCharacters(payload, checksumLength));
 }
 
 }  // namespace korvo

@@ -1,6 +1,7 @@
 #ifndef KORVOQRPARSER_DECODING_CRC_H
 #define KORVOQRPARSER_DECODING_CRC_H
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -9,6 +10,13 @@ namespace korvo {
 /// CRC-16/CCITT-FALSE of the text's UTF-8 bytes: width 16, polynomial 0x1021, initial value 0xFFFF, not
 /// reflected, no final XOR. Any bytes are allowed. Linear, allocates nothing, callable from any thread.
 std::uint16_t computeCRC16(std::string_view text) noexcept;
+
+/// The characters of a checksum.
+inline constexpr std::size_t checksumLength = 4;
+
+/// The checksum that a two-digit payload should end with. It covers the whole payload except as many
+/// characters at its end as a checksum has, whatever they are.
+std::uint16_t checksumOfPayload(std::string_view payload) noexcept;
 
 }  // namespace korvo
 

@@ -1,7 +1,5 @@
 #include <KorvoQRParser/Decoding/KorvoPayMerchantTLV.h>
-#include <KorvoQRParser/Decoding/PMValidTLV01AdditionalDataField.h>
-#include <KorvoQRParser/Decoding/PayMerchantValidTLV00.h>
-#include <KorvoQRParser/Decoding/PayMerchantValidTLV01.h>
+#include <KorvoQRParser/Decoding/TipAndFeeIndicator.h>
 
 #include <array>
 #include <cstddef>
@@ -13,106 +11,43 @@ namespace {
 using TLV = KorvoPayMerchantTLV;
 using Field = TLV::Value TLV::*;
 
-// The fields in the order of their tags: position i is case i of the tag's enumeration.
-
-// Tags "00" to "15" and "52" to "63"; those between are admitted and not kept.
-constexpr std::array<Field, 16> lowTLV01Fields{
-    &TLV::payloadFormatIndicator,
-    &TLV::pointOfInitiation,
-    &TLV::korvoMerchantID,
-    &TLV::tag03,
-    &TLV::masterCardPAN1,
-    &TLV::masterCardPAN2,
-    &TLV::NPCIID1,
-    &TLV::NPCIID2,
-    &TLV::tag08,
-    &TLV::tag09,
-    &TLV::tag10,
-    &TLV::tag11,
-    &TLV::tag12,
-    &TLV::tag13,
-    &TLV::tag14,
-    &TLV::tag15,
-};
-constexpr std::array<Field, 12> highTLV01Fields{
-    &TLV::merchantCategoryCode, &TLV::currencyCode,         &TLV::transactionAmount,
-    &TLV::tipAndFeeIndicator,   &TLV::convenienceFeeAmount, &TLV::convenienceFeePercentage,
-    &TLV::countryCode,          &TLV::merchantName,         &TLV::cityName,
-    &TLV::postalCode,           &TLV::additionalDataField,  &TLV::crc,
-};
-constexpr auto firstHighTag = static_cast<std::size_t>(PayMerchantValidTLV01::MerchantCategoryCode);
-
-constexpr std::array<Field, 22> subTagFields{
-    &TLV::billNumber,
-    &TLV::mobileNumber,
-    &TLV::storeID,
-    &TLV::loyaltyNumber,
-    &TLV::referenceID,
-    &TLV::consumerID,
-    &TLV::terminalId,
-    &TLV::purpose,
-    &TLV::additionalConsumerDataReq,
-    &TLV::tagSixtyTwo10,
-    &TLV::addDataMasterCard1,
-    &TLV::addDataMasterCard2,
-    &TLV::addDataNPCI1,
-    &TLV::addDataNPCI2,
-    &TLV::tagSixtyTwo15,
-    &TLV::tagSixtyTwo16,
-    &TLV::tagSixtyTwo17,
-    &TLV::tagSixtyTwo18,
-    &TLV::tagSixtyTwo19,
-    &TLV::tagSixtyTwo20,
-    &TLV::tagSixtyTwo21,
-    &TLV::tagSixtyTwo22,
-};
-
-static_assert(firstHighTag + highTLV01Fields.size() ==
-              static_cast<std::size_t>(PayMerchantValidTLV01::CRC) + 1);
-static_assert(!pmValidTLV01AdditionalDataField(twoDigitText(subTagFields.size() + 1)),
-              "every sub-tag that is known has a row");
-
-constexpr std::array<Field, 12> tlv00Fields{
-    &TLV::korvoMerchantID,      &TLV::merchantName,
-    &TLV::merchantCategoryCode, &TLV::cityName,
-    &TLV::countryCode,          &TLV::currencyCode,
-    &TLV::transactionAmount,    &TLV::primaryID,
-    &TLV::secondaryID,          &TLV::tipAndFeeIndicator,
-    &TLV::convenienceFeeAmount, &TLV::convenienceFeePercentage,
-};
-static_assert(tlv00Fields.size() == detail::oneCharacterTags.size());
+// The field of each case, null where the value is not kept.
+// clang-format off
+#define KORVO_KEPT(rawValue, name, field, meaning) &TLV::field,
+#define KORVO_DROPPED(rawValue, name) nullptr,
+constexpr std::array<Field, tlv01TagRows.size()> tlv01Fields{KORVO_TLV01_TAGS(KORVO_KEPT, KORVO_DROPPED)};
+constexpr std::array<Field, tlv01SubTagRows.size()> tlv01SubTagFields{KORVO_TLV01_SUB_TAGS(KORVO_KEPT)};
+constexpr std::array<Field, tlv00TagRows.size()> tlv00Fields{KORVO_TLV00_TAGS(KORVO_KEPT)};
+#undef KORVO_DROPPED
+#undef KORVO_KEPT
+// clang-format on
 
 }  // namespace
 
-// Defined here, as the compiler otherwise clears all of every field and not only what says that it is absent.
+// Defined here: a defaulted constructor would clear every byte of every field, not only the flags that make
+// them absent.
 KorvoPayMerchantTLV::KorvoPayMerchantTLV() noexcept {}  // NOLINT(modernize-use-equals-default)
 
-void KorvoPayMerchantTLV::store(PayMerchantValidTLV01 tag, const CountedText& value) {
-    const auto position = static_cast<std::size_t>(tag);
-    if (tag == PayMerchantValidTLV01::TipAndFeeIndicator) {
-        storeTipAndFeeIndicator(value);
-    } else if (position < lowTLV01Fields.size()) {
-        this->*lowTLV01Fields[position] = value;
-    } else if (position >= firstHighTag) {
-        this->*highTLV01Fields[position - firstHighTag] = value;
+void KorvoPayMerchantTLV::visit(PayMerchantValidTLV01 tag, const TLVElement& element) {
+    store(tlv01Fields[static_cast<std::size_t>(tag)], element.value);
+}
+
+void KorvoPayMerchantTLV::visit(PMValidTLV01AdditionalDataField subTag, const TLVElement& element) {
+    store(tlv01SubTagFields[static_cast<std::size_t>(subTag)], element.value);
+}
+
+void KorvoPayMerchantTLV::visit(PayMerchantValidTLV00 tag, const TLVElement& element) {
+    store(tlv00Fields[static_cast<std::size_t>(tag)], element.value);
+}
+
+void KorvoPayMerchantTLV::store(Value KorvoPayMerchantTLV::*field, const CountedText& value) {
+    if (field == nullptr) {
+        return;
     }
-}
-
-void KorvoPayMerchantTLV::store(PMValidTLV01AdditionalDataField subTag, const CountedText& value) {
-    this->*subTagFields[static_cast<std::size_t>(subTag)] = value;
-}
-
-void KorvoPayMerchantTLV::store(PayMerchantValidTLV00 tag, const CountedText& value) {
-    if (tag == PayMerchantValidTLV00::TipAndFeeIndicator) {
-        storeTipAndFeeIndicator(value);
-    } else {
-        this->*tlv00Fields[static_cast<std::size_t>(tag)] = value;
+    this->*field = value;
+    if (field == &KorvoPayMerchantTLV::tipAndFeeIndicator) {
+        isTipAvailable = TipAndFeeIndicator::isKnown(value.text());
     }
-}
-
-void KorvoPayMerchantTLV::storeTipAndFeeIndicator(const CountedText& value) {
-    isTipAvailable = value == "01" || value == "02" || value == "03";
-    tipAndFeeIndicator = value;
 }
 
 }  // namespace korvo

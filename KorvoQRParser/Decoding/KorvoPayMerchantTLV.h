@@ -75,10 +75,10 @@ class KorvoPayMerchantTLV final : public TLVDecodingProtocol {
     Value tagSixtyTwo22;
 
   private:
-    void store(PayMerchantValidTLV01 tag, const CountedText& value) override;
-    void store(PMValidTLV01AdditionalDataField subTag, const CountedText& value) override;
-    void store(PayMerchantValidTLV00 tag, const CountedText& value) override;
-    void storeTipAndFeeIndicator(const CountedText& value);
+    void visit(PayMerchantValidTLV01 tag, const TLVElement& element) override;
+    void visit(PMValidTLV01AdditionalDataField subTag, const TLVElement& element) override;
+    void visit(PayMerchantValidTLV00 tag, const TLVElement& element) override;
+    void store(Value KorvoPayMerchantTLV::*field, const CountedText& value);
 };
 
 }  // namespace korvo

@@ -1,34 +1,28 @@
 #include <KorvoQRParser/Decoding/TLVDecodingProtocol.h>
-#include <KorvoQRParser/Decoding/TLVPayloadWalk.h>
 
 namespace korvo {
 
-// Visits a payload for a holder.
-struct TLVDecodingProtocol::Storing {
-    TLVDecodingProtocol& holder;
+namespace {
 
-    template <class Tag>
-    void visit(Tag tag, const TLVElement& element) const {
-        holder.store(tag, element.value);
-    }
-    void stop(const TLVFault& /*fault*/) const noexcept {}
-};
+std::optional<TLVDecodingError> errorOf(const std::optional<TLVFault>& fault) {
+    return fault ? std::optional(fault->error) : std::nullopt;
+}
+
+}  // namespace
 
 std::optional<TLVDecodingError> TLVDecodingProtocol::decodeTLV(std::string_view tlvString) {
-    const auto error = TLVPayloadWalk(Storing{*this}).walk(CharacterReader(tlvString));
+    const auto error = errorOf(walkPayload(tlvString, *this));
     return error == TLVDecodingError::InvalidTagLength ? TLVDecodingError::InvalidLength : error;
 }
 
 std::optional<TLVDecodingError> TLVDecodingProtocol::decodeTLV01(std::string_view tlvString) {
-    return tlvString.empty()
-               ? TLVDecodingError::InvalidLength
-               : TLVPayloadWalk(Storing{*this}).walkTwoDigitElements(CharacterReader(tlvString));
+    return tlvString.empty() ? TLVDecodingError::InvalidLength
+                             : errorOf(walkTwoDigitPayload(tlvString, *this));
 }
 
 std::optional<TLVDecodingError> TLVDecodingProtocol::decodeTLV00(std::string_view tlvString) {
-    return tlvString.empty()
-               ? TLVDecodingError::InvalidLength
-               : TLVPayloadWalk(Storing{*this}).walkOneCharacterElements(CharacterReader(tlvString));
+    return tlvString.empty() ? TLVDecodingError::InvalidLength
+                             : errorOf(walkOneCharacterPayload(tlvString, *this));
 }
 
 bool TLVDecodingProtocol::setTLV01Value(std::string_view tag, std::optional<std::string_view> subTag,
@@ -37,12 +31,12 @@ bool TLVDecodingProtocol::setTLV01Value(std::string_view tag, std::optional<std:
     if (knownTag == PayMerchantValidTLV01::AdditionalDataField && subTag) {
         const auto knownSubTag = pmValidTLV01AdditionalDataField(*subTag);
         if (knownSubTag) {
-            store(*knownSubTag, value);
+            visit(*knownSubTag, {*subTag, {}, value});
         }
         return knownSubTag.has_value();
     }
     if (knownTag) {
-        store(*knownTag, value);
+        visit(*knownTag, {tag, {}, value});
     }
     return knownTag.has_value();
 }
@@ -50,7 +44,7 @@ bool TLVDecodingProtocol::setTLV01Value(std::string_view tag, std::optional<std:
 bool TLVDecodingProtocol::setTLV00Value(std::string_view tag, const CountedText& value) {
     const auto knownTag = payMerchantValidTLV00InEitherCase(tag);
     if (knownTag) {
-        store(*knownTag, value);
+        visit(*knownTag, {tag, {}, value});
     }
     return knownTag.has_value();
 }

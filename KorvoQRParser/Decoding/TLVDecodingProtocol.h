@@ -1,10 +1,8 @@
 #ifndef KORVOQRPARSER_DECODING_TLVDECODINGPROTOCOL_H
 #define KORVOQRPARSER_DECODING_TLVDECODINGPROTOCOL_H
 
-#include <KorvoQRParser/Decoding/PMValidTLV01AdditionalDataField.h>
-#include <KorvoQRParser/Decoding/PayMerchantValidTLV00.h>
-#include <KorvoQRParser/Decoding/PayMerchantValidTLV01.h>
 #include <KorvoQRParser/Decoding/TLVDecodingError.h>
+#include <KorvoQRParser/Decoding/TLVPayloadWalk.h>
 #include <KorvoQRParser/Decoding/Text/CountedText.h>
 
 #include <optional>
@@ -12,25 +10,25 @@
 
 namespace korvo {
 
-/// Gives a tag holder the operations that fill it. The holder supplies the storing of one value, by tag.
+/// Gives a tag holder the operations that fill it. The holder stores each value that it visits.
 ///
 /// All operations are linear in the length of the payload, throw nothing, and may run at once on different
 /// holders. What they store are views into the payload, which must outlive the holder.
 ///
-/// 01 stands for the two-digit format, whose payloads begin with tag "00"; 00 stands for the
+/// In names, 01 means the two-digit format, whose payloads begin with tag "00", and 00 means the
 /// one-character format, which has no such tag.
-class TLVDecodingProtocol {
+class TLVDecodingProtocol : private TLVVisitor {
   public:
     /// Splits a payload of either format into this holder. Absent on success. Values are stored while
     /// decoding goes on: after an error the holder keeps those before the first fault from the left.
     /// InvalidTagLength is never reported from here: it becomes InvalidLength.
-    std::optional<TLVDecodingError> decodeTLV(std::string_view tlvString);
+    [[nodiscard]] std::optional<TLVDecodingError> decodeTLV(std::string_view tlvString);
 
     /// The same for a payload known to be in the two-digit format; reports InvalidTagLength.
-    std::optional<TLVDecodingError> decodeTLV01(std::string_view tlvString);
+    [[nodiscard]] std::optional<TLVDecodingError> decodeTLV01(std::string_view tlvString);
 
     /// The same for a payload known to be in the one-character format; reports InvalidTagLength.
-    std::optional<TLVDecodingError> decodeTLV00(std::string_view tlvString);
+    [[nodiscard]] std::optional<TLVDecodingError> decodeTLV00(std::string_view tlvString);
 
     /// Stores a value of the two-digit format. The sub-tag is looked at for tag "62" only; without one the
     /// value is the whole additional data field. False when the tag or sub-tag is unknown.
@@ -41,17 +39,10 @@ class TLVDecodingProtocol {
     bool setTLV00Value(std::string_view tag, const CountedText& value);
 
   protected:
-    virtual void store(PayMerchantValidTLV01 tag, const CountedText& value) = 0;
-    virtual void store(PMValidTLV01AdditionalDataField subTag, const CountedText& value) = 0;
-    virtual void store(PayMerchantValidTLV00 tag, const CountedText& value) = 0;
-
     TLVDecodingProtocol() = default;
     TLVDecodingProtocol(const TLVDecodingProtocol&) = default;
     TLVDecodingProtocol& operator=(const TLVDecodingProtocol&) = default;
     ~TLVDecodingProtocol() = default;
-
-  private:
-    struct Storing;
 };
 
 }  // namespace korvo

@@ -1,5 +1,5 @@
 #include <KorvoQRParser/Decoding/TLVElementReader.h>
-#include <KorvoQRParser/Decoding/TagRawValues.h>
+#include <KorvoQRParser/Decoding/TagRow.h>
 #include <KorvoQRParser/Decoding/Text/ASCII.h>
 #include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 

@@ -2,7 +2,6 @@
 #define KORVOQRPARSER_DECODING_TLVELEMENTREADER_H
 
 #include <KorvoQRParser/Decoding/TLVDecodingError.h>
-#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
 #include <KorvoQRParser/Decoding/Text/CountedText.h>
 
 #include <bitset>
@@ -45,6 +44,8 @@ class TLVElementReader {
     TLVElementReader(const CharacterReader& characters, const TLVFormat& format) noexcept
         : characters_(characters), format_(format) {}
 
+    const TLVFormat& format() const noexcept { return format_; }
+
     /// Whether all elements have been read.
     bool atEnd() const noexcept { return characters_.atEnd(); }
 
@@ -53,7 +54,7 @@ class TLVElementReader {
 
     /// Reads the next element into `element`. On a fault, InvalidTagLength or RepeatedTag, the parts that
     /// were read before it have been filled in, and the reader must not be used to read on.
-    std::optional<TLVDecodingError> next(TLVElement& element) noexcept;
+    [[nodiscard]] std::optional<TLVDecodingError> next(TLVElement& element) noexcept;
 
   private:
     bool isRepeated(std::string_view tag) noexcept;

@@ -17,8 +17,6 @@ namespace {
 
 namespace Codes = KorvoErrorConstants;
 
-constexpr std::size_t crcLength = 4;
-
 bool isDigits(const CountedText& text, std::size_t count) {
     return text.characterCount() == count && consistsOfCharactersOf(text.text(), decimalDigits());
 }
@@ -172,15 +170,12 @@ void KorvoPayMerchantTLVValidator::validateSecondaryID(const Value& secondaryID)
                                      .invalidFormat = Codes::secondaryIdInvalidLengthOrCharacters});
 }
 
-std::uint16_t checksumOfPayload(std::string_view payload) {
-    return computeCRC16(droppingLastCharacters(payload, crcLength));
-}
-
 void KorvoPayMerchantTLVValidator::validateCRC(const Value& crc, Payload tlvString) {
     if (!crc || !tlvString) {
         return;
     }
-    const auto announced = crc->characterCount() == crcLength ? parseInteger(crc->text(), 16) : std::nullopt;
+    const auto announced =
+        crc->characterCount() == checksumLength ? parseInteger(crc->text(), 16) : std::nullopt;
     if (!announced || *announced != checksumOfPayload(*tlvString)) {
         addErrorCode(Codes::crcInvalidValue);
     }

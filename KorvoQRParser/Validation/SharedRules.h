@@ -5,17 +5,11 @@
 #include <KorvoQRParser/Decoding/Text/CountedText.h>
 
 #include <cstddef>
-#include <cstdint>
-#include <string_view>
 
 namespace korvo {
 
 /// Every decimal digit, ASCII or not; built on first use.
 const CharacterSet& decimalDigits();
-
-/// The checksum that a two-digit payload ought to end with: of the payload without as many characters as a
-/// checksum has.
-std::uint16_t checksumOfPayload(std::string_view payload);
 
 /// Whether the text has fewer than `shortest` or more than `longest` characters.
 inline bool isLengthOutside(const CountedText& text, std::size_t shortest, std::size_t longest) noexcept {

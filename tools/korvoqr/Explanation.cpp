@@ -1,13 +1,12 @@
 #include "Explanation.h"
 
-#include "TagMeanings.h"
 #include "Terminal.h"
+#include <KorvoQRParser/Decoding/CRC.h>
 #include <KorvoQRParser/Decoding/KorvoPayMerchantTLV.h>
 #include <KorvoQRParser/Decoding/TLVPayloadWalk.h>
 #include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 #include <KorvoQRParser/KorvoQRParser.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
-#include <KorvoQRParser/Validation/SharedRules.h>
 
 #include <algorithm>
 #include <array>
@@ -32,21 +31,19 @@ std::size_t charactersOf(const ExplainedElement& element) {
 }
 
 // Writes down what a walk meets.
-class Recorder {
+class Recorder final : public korvo::TLVVisitor {
   public:
-    Recorder(std::vector<ExplainedElement>& elements, std::optional<TLVFault>& fault)
-        : elements_(elements), fault_(fault) {}
+    explicit Recorder(std::vector<ExplainedElement>& elements) : elements_(elements) {}
 
-    void visit(korvo::PayMerchantValidTLV01 tag, const korvo::TLVElement& element) {
-        add(element, std::string(rawValue(tag)), meaningOf(tag), false);
+    void visit(korvo::PayMerchantValidTLV01 tag, const korvo::TLVElement& element) override {
+        add(element, std::string(rawValue(tag)), tagRow(tag).meaning, false);
     }
-    void visit(korvo::PMValidTLV01AdditionalDataField tag, const korvo::TLVElement& element) {
-        add(element, "62/" + std::string(rawValue(tag)), meaningOf(tag), true);
+    void visit(korvo::PMValidTLV01AdditionalDataField subTag, const korvo::TLVElement& element) override {
+        add(element, "62/" + std::string(rawValue(subTag)), tagRow(subTag).meaning, true);
     }
-    void visit(korvo::PayMerchantValidTLV00 tag, const korvo::TLVElement& element) {
-        add(element, std::string(rawValue(tag)), meaningOf(tag), false);
+    void visit(korvo::PayMerchantValidTLV00 tag, const korvo::TLVElement& element) override {
+        add(element, std::string(rawValue(tag)), tagRow(tag).meaning, false);
     }
-    void stop(const TLVFault& fault) { fault_ = fault; }
 
   private:
     void add(const korvo::TLVElement& element, std::string name, std::string_view meaning, bool isInside) {
@@ -60,13 +57,27 @@ class Recorder {
     }
 
     std::vector<ExplainedElement>& elements_;
-    std::optional<TLVFault>& fault_;
     std::size_t rootOffset_ = 0;
     std::size_t insideOffset_ = 0;
 };
 
 std::string counted(std::int64_t count, std::string_view noun) {
     return std::to_string(count) + ' ' + std::string(noun) + (count == 1 ? "" : "s");
+}
+
+// The first and the last of consecutive tags: "00 to 63"; for tags of one character "0 to 9, A and B".
+template <std::size_t count>
+std::string boundsOf(const std::array<korvo::TagRow, count>& rows) {
+    const auto isDigit = [](const korvo::TagRow& row) { return row.rawValue[0] <= '9'; };
+    const auto firstLetter = std::find_if_not(rows.begin(), rows.end(), isDigit);
+    std::string bounds =
+        std::string(rows.front().rawValue) + " to " + std::string((firstLetter - 1)->rawValue);
+    if (firstLetter != rows.end()) {
+        const bool areTwo = firstLetter + 2 == rows.end();
+        bounds += ", " + std::string(firstLetter->rawValue) + (areTwo ? " and " : " to ") +
+                  std::string(rows.back().rawValue);
+    }
+    return bounds;
 }
 
 // Says of a walk's fault what is wrong and where.
@@ -118,9 +129,9 @@ class FaultReader {
         if (!isKnown) {
             const bool isTwoDigit = fault_.format.fieldWidth == 2;
             reason_ = "tag " + inQuotes(fault_.element.tag) + " is not known; tags are " +
-                      (isInside_    ? "01 to 22"
-                       : isTwoDigit ? "00 to 63"
-                                    : "0 to 9, A and B");
+                      (isInside_    ? boundsOf(korvo::tlv01SubTagRows)
+                       : isTwoDigit ? boundsOf(korvo::tlv01TagRows)
+                                    : boundsOf(korvo::tlv00TagRows));
             return;
         }
         const auto checksum = std::find_if(elements_.begin(), elements_.end(),
@@ -340,9 +351,9 @@ std::string expectedChecksum(const Explanation& explanation) {
 Explanation explain(std::string_view payload) {
     Explanation explanation;
     explanation.payload = payload;
-    explanation.isTwoDigit = korvo::TLVPayloadWalk<Recorder>::isTwoDigit(korvo::CharacterReader(payload));
-    std::optional<TLVFault> fault;
-    korvo::TLVPayloadWalk(Recorder(explanation.elements, fault)).walk(korvo::CharacterReader(payload));
+    explanation.isTwoDigit = korvo::isTwoDigitPayload(payload);
+    Recorder recorder(explanation.elements);
+    const std::optional<TLVFault> fault = korvo::walkPayload(payload, recorder);
     if (const auto& error = korvo::QRCodeParser::parseQRData(payload).qrCodeError()) {
         explanation.codes = error->errorCodes();
     }

@@ -216,4 +216,12 @@ bool CharacterReader::skip(std::size_t count) noexcept {
     return true;
 }
 
+std::size_t characterCount(std::string_view text) noexcept {
+    std::size_t count = 0;
+    for (CharacterReader reader(text); reader.take(1).has_value();) {
+        ++count;
+    }
+    return count;
+}
+
 }  // namespace korvo

@@ -1,8 +1,6 @@
 #ifndef KORVOQRPARSER_DECODING_TEXT_CHARACTERREADER_H
 #define KORVOQRPARSER_DECODING_TEXT_CHARACTERREADER_H
 
-#include <KorvoQRParser/Decoding/Text/CountedText.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -42,12 +40,13 @@ inline bool isUTF8(std::string_view text) noexcept {
 class CharacterReader {
   public:
     explicit CharacterReader(std::string_view text) noexcept : text_(text) { findPlainRun(0); }
-    explicit CharacterReader(const CountedText& text) noexcept : text_(text.text()) {
-        if (text.isPlain()) {
-            plainEnd_ = text_.size();
-        } else {
-            findPlainRun(0);
-        }
+
+    /// Reads a text whose bytes are known to be one character each, which saves looking for that.
+    static CharacterReader ofPlainText(std::string_view text) noexcept {
+        CharacterReader reader;
+        reader.text_ = text;
+        reader.plainEnd_ = text.size();
+        return reader;
     }
 
     /// Whether everything has been taken.
@@ -61,7 +60,7 @@ class CharacterReader {
 
     /// The next `count` characters. Absent when fewer remain or the bytes on the way are not valid UTF-8;
     /// then nothing has been taken.
-    std::optional<std::string_view> take(std::size_t count) noexcept {
+    [[nodiscard]] std::optional<std::string_view> take(std::size_t count) noexcept {
         const std::size_t start = offset_;
         if (count <= plainEnd_ - start) {
             offset_ += count;
@@ -72,6 +71,7 @@ class CharacterReader {
     }
 
   private:
+    CharacterReader() = default;
     bool skip(std::size_t count) noexcept;
     void findPlainRun(std::size_t from) noexcept;
 
@@ -83,20 +83,8 @@ class CharacterReader {
     std::size_t stretchEnd_ = 0;
 };
 
-/// Calls `use` with each character of the text, from left to right.
-template <class Use>
-void forEachCharacter(const CountedText& text, Use use) {
-    if (text.isPlain()) {
-        for (const char& byte : text.text()) {
-            use(std::string_view(&byte, 1));
-        }
-        return;
-    }
-    CharacterReader characters(text);
-    while (const auto character = characters.take(1)) {
-        use(*character);
-    }
-}
+/// How many characters the text has, up to the first byte that is not valid UTF-8.
+std::size_t characterCount(std::string_view text) noexcept;
 
 }  // namespace korvo
 

@@ -1,6 +1,8 @@
 #ifndef KORVOQRPARSER_DECODING_TEXT_COUNTEDTEXT_H
 #define KORVOQRPARSER_DECODING_TEXT_COUNTEDTEXT_H
 
+#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -13,12 +15,12 @@ class CountedText {
   public:
     CountedText() noexcept = default;
 
-    /// Counts the characters. Implicit, as a text is what it stands for.
-    CountedText(std::string_view text);  // NOLINT(google-explicit-constructor)
-    CountedText(const char* text) : CountedText(std::string_view(text)) {}         // NOLINT
-    CountedText(const std::string& text) : CountedText(std::string_view(text)) {}  // NOLINT
+    /// Counts the characters. Implicit, because a counted text is a text.
+    CountedText(std::string_view text) : CountedText(text, korvo::characterCount(text)) {}  // NOLINT
+    CountedText(const char* text) : CountedText(std::string_view(text)) {}                  // NOLINT
+    CountedText(const std::string& text) : CountedText(std::string_view(text)) {}           // NOLINT
 
-    /// For who has counted already.
+    /// For callers that have counted already.
     CountedText(std::string_view text, std::size_t characterCount) noexcept
         : text_(text), characterCount_(characterCount) {}
 
@@ -29,6 +31,11 @@ class CountedText {
     /// Whether each byte is one character, so that bytes may be counted and compared instead.
     bool isPlain() const noexcept { return characterCount_ == text_.size(); }
 
+    /// Reads the text character by character.
+    CharacterReader characters() const noexcept {
+        return isPlain() ? CharacterReader::ofPlainText(text_) : CharacterReader(text_);
+    }
+
     /// Texts compare by code points, with no normalisation.
     friend bool operator==(const CountedText& left, std::string_view right) noexcept {
         return left.text_ == right;
@@ -38,6 +45,21 @@ class CountedText {
     std::string_view text_;
     std::size_t characterCount_ = 0;
 };
+
+/// Calls `use` with each character of the text, from left to right.
+template <class Use>
+void forEachCharacter(const CountedText& text, Use use) {
+    if (text.isPlain()) {
+        for (const char& byte : text.text()) {
+            use(std::string_view(&byte, 1));
+        }
+        return;
+    }
+    CharacterReader characters = text.characters();
+    while (const auto character = characters.take(1)) {
+        use(*character);
+    }
+}
 
 }  // namespace korvo
 

@@ -50,23 +50,15 @@ constexpr std::array<std::uint8_t, 256> digitValues = [] {
 
 }  // namespace
 
-std::size_t characterCount(std::string_view text) {
-    std::size_t count = 0;
-    for (CharacterReader reader(text); reader.take(1).has_value();) {
-        ++count;
-    }
-    return count;
-}
-
 bool beginsWith(const CountedText& text, char character) {
     if (text.empty() || text.text().front() != character) {
         return false;
     }
-    const auto first = CharacterReader(text).take(1);
+    const auto first = text.characters().take(1);
     return first && first->size() == 1;
 }
 
-std::string_view droppingLastCharacters(std::string_view text, std::size_t count) {
+std::string_view droppingLastCharacters(std::string_view text, std::size_t count) noexcept {
     // Where the tail and the byte before it are plain, the tail's bytes are its characters.
     if (text.size() > count) {
         const std::string_view tail = text.substr(text.size() - count - 1);
@@ -81,13 +73,13 @@ std::string_view droppingLastCharacters(std::string_view text, std::size_t count
 }
 
 std::optional<std::string_view> substringFromOffset(std::size_t offset, const CountedText& text) {
-    CharacterReader reader(text);
+    CharacterReader reader = text.characters();
     return reader.take(offset) ? reader.take(1) : std::nullopt;
 }
 
 std::string_view substringWithOffsets(std::size_t startOffset, std::size_t endOffset,
                                       const CountedText& text) {
-    CharacterReader reader(text);
+    CharacterReader reader = text.characters();
     if (startOffset <= endOffset && reader.take(startOffset)) {
         if (const auto characters = reader.take(endOffset - startOffset)) {
             return *characters;

@@ -1,7 +1,6 @@
 #ifndef KORVOQRPARSER_DECODING_TEXT_TEXTHELPERS_H
 #define KORVOQRPARSER_DECODING_TEXT_TEXTHELPERS_H
 
-#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
 #include <KorvoQRParser/Decoding/Text/CountedText.h>
 
 #include <cstddef>
@@ -14,14 +13,11 @@
 /// lengths and offsets count user-perceived characters. All may be called from any thread.
 namespace korvo {
 
-/// How many characters the text has.
-std::size_t characterCount(std::string_view text);
-
 /// Whether the text's first character is this ASCII character, with no mark joined to it.
 bool beginsWith(const CountedText& text, char character);
 
 /// The text without its last `count` characters; empty when it has no more than those.
-std::string_view droppingLastCharacters(std::string_view text, std::size_t count);
+std::string_view droppingLastCharacters(std::string_view text, std::size_t count) noexcept;
 
 /// The single character at `offset`; absent when the text has no character there.
 std::optional<std::string_view> substringFromOffset(std::size_t offset, const CountedText& text);

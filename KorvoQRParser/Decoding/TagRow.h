@@ -1,11 +1,17 @@
-#ifndef KORVOQRPARSER_DECODING_TAGRAWVALUES_H
-#define KORVOQRPARSER_DECODING_TAGRAWVALUES_H
+#ifndef KORVOQRPARSER_DECODING_TAGROW_H
+#define KORVOQRPARSER_DECODING_TAGROW_H
 
 #include <array>
 #include <cstddef>
 #include <string_view>
 
 namespace korvo {
+
+/// A tag of one of the three tag lists, for people.
+struct TagRow {
+    std::string_view rawValue;  ///< as written in a payload, letters in upper case
+    std::string_view meaning;   ///< a few words of plain English
+};
 
 /// The number that exactly two ASCII decimal digits write; negative for any other text.
 constexpr int twoDigitNumber(std::string_view text) noexcept {
@@ -15,6 +21,19 @@ constexpr int twoDigitNumber(std::string_view text) noexcept {
     const unsigned tens = static_cast<unsigned char>(text[0]) - unsigned{'0'};
     const unsigned ones = static_cast<unsigned char>(text[1]) - unsigned{'0'};
     return tens <= 9 && ones <= 9 ? static_cast<int>(10 * tens + ones) : -1;
+}
+
+/// Whether the rows' raw values are consecutive two-digit numbers, so that a tag's case can be computed from
+/// its number.
+template <std::size_t count>
+constexpr bool areConsecutive(const std::array<TagRow, count>& rows) noexcept {
+    const int first = twoDigitNumber(rows.front().rawValue);
+    for (std::size_t i = 0; i < count; ++i) {
+        if (first < 0 || twoDigitNumber(rows[i].rawValue) != first + static_cast<int>(i)) {
+            return false;
+        }
+    }
+    return true;
 }
 
 namespace detail {
@@ -30,7 +49,7 @@ constexpr std::array<char, 200> twoDigitTexts = [] {
 
 }  // namespace detail
 
-/// A number below 100 as two decimal digits; the text lives as long as the program.
+/// A number below 100 as two decimal digits. The text is static.
 constexpr std::string_view twoDigitText(unsigned number) {
     return {detail::twoDigitTexts.data() + std::size_t{2} * number, 2};
 }
