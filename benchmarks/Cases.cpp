@@ -192,10 +192,7 @@ Floor::Floor(const Case& accepted) : payload_(accepted.payload) {
     };
 #define KORVO_TEXT(name, Name) addText(&QRCodeData::set##Name, data->name());
 #define KORVO_FLAG(name, Name) addFlag(&QRCodeData::set##Name, data->name());
-    KORVO_VALUE_PROPERTIES(KORVO_TEXT)
-    KORVO_LENGTH_PROPERTIES(KORVO_TEXT)
-    KORVO_IDENTIFIER_FLAG_PROPERTIES(KORVO_FLAG)
-    KORVO_ADDITIONAL_DATA_FLAG_PROPERTIES(KORVO_FLAG)
+    KORVO_QRCODEDATA_PROPERTIES(KORVO_TEXT, KORVO_FLAG)
 #undef KORVO_FLAG
 #undef KORVO_TEXT
 }

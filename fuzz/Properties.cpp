@@ -4,7 +4,7 @@
 #include <KorvoQRParser/Decoding/TLVElementReader.h>
 #include <KorvoQRParser/Decoding/TagRow.h>
 #include <KorvoQRParser/KorvoQRParser.h>
-#include <KorvoQRParser/Model/QRCodeDataProperties.h>
+#include <KorvoQRParser/Model/QRCodeDataAccess.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -33,12 +33,13 @@ bool isTwoDigit(const QRCodeData& data) {
 // The record's texts that stand in the payload; the others are derived.
 std::vector<std::string> receivedTexts(const QRCodeData& data) {
     std::vector<std::string> texts;
-#define KORVO_RECEIVED(name, Name)                                      \
-    if (data.name() && std::string_view(#name) != "korvoMerchantPAN") { \
-        texts.push_back(*data.name());                                  \
+    for (const QRCodeDataPropertyRow& row : qrCodeDataProperties) {
+        const bool isDerived = row.name == "korvoMerchantPAN" || row.name == "primaryIDLength" ||
+                               row.name == "secondaryIDLength";
+        if (!row.isFlag && !isDerived && QRCodeDataAccess::text(data, row.index)) {
+            texts.push_back(*QRCodeDataAccess::text(data, row.index));
+        }
     }
-    KORVO_VALUE_PROPERTIES(KORVO_RECEIVED)
-#undef KORVO_RECEIVED
     return texts;
 }
 
@@ -47,7 +48,8 @@ void checkJSON(const QRCodeData& data, bool isASCII) {
     promise(text.empty() != isASCII, "JSON output is empty exactly for what is not ASCII");
     if (!text.empty()) {
         const auto json = nlohmann::json::parse(text, nullptr, false);
-        promise(json.is_object() && json.size() == 70, "JSON output is an object of 70 members");
+        promise(json.is_object() && json.size() == qrCodeDataProperties.size(),
+                "JSON output is an object of all properties");
         promise(json["merchantName"] == *data.merchantName(), "JSON output holds the values");
     }
 }

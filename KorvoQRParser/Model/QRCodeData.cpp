@@ -1,60 +1,42 @@
 #include <KorvoQRParser/Model/QRCodeData.h>
-#include <KorvoQRParser/Model/QRCodeDataFiller.h>
+#include <KorvoQRParser/Model/QRCodeDataAccess.h>
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <ostream>
-#include <tuple>
 #include <utility>
 
 namespace korvo {
 
-#define KORVO_TEXT(name, Name)                                              \
-    const std::optional<std::string>& QRCodeData::name() const noexcept {   \
-        return texts_[QRCodeDataFiller::name];                              \
-    }                                                                       \
-    void QRCodeData::set##Name(std::optional<std::string> value) noexcept { \
-        texts_[QRCodeDataFiller::name] = std::move(value);                  \
+#define KORVO_TEXT(name, Name)                                                      \
+    const std::optional<std::string>& QRCodeData::name() const noexcept {           \
+        return QRCodeDataAccess::text(*this, QRCodeDataProperty::name);             \
+    }                                                                               \
+    void QRCodeData::set##Name(std::optional<std::string> value) noexcept {         \
+        QRCodeDataAccess::text(*this, QRCodeDataProperty::name) = std::move(value); \
     }
-#define KORVO_GETTER(name, Name)               \
-    bool QRCodeData::name() const noexcept {   \
-        return flags_[QRCodeDataFiller::name]; \
+#define KORVO_FLAG(name, Name)                                             \
+    bool QRCodeData::name() const noexcept {                               \
+        return QRCodeDataAccess::flag(*this, QRCodeDataProperty::name);    \
+    }                                                                      \
+    void QRCodeData::set##Name(bool value) noexcept {                      \
+        QRCodeDataAccess::setFlag(*this, QRCodeDataProperty::name, value); \
     }
-#define KORVO_FLAG(name, Name)                        \
-    KORVO_GETTER(name, Name)                          \
-    void QRCodeData::set##Name(bool value) noexcept { \
-        flags_[QRCodeDataFiller::name] = value;       \
-    }
-
-KORVO_VALUE_PROPERTIES(KORVO_TEXT)
-KORVO_LENGTH_PROPERTIES(KORVO_TEXT)
-KORVO_ADDITIONAL_DATA_FLAG_PROPERTIES(KORVO_FLAG)
-KORVO_IDENTIFIER_FLAG_PROPERTIES(KORVO_GETTER)
-
+KORVO_QRCODEDATA_PROPERTIES(KORVO_TEXT, KORVO_FLAG)
 #undef KORVO_FLAG
-#undef KORVO_GETTER
 #undef KORVO_TEXT
 
 // Not defaulted in the class: make_shared would then clear the whole record before constructing it.
 QRCodeData::QRCodeData() noexcept = default;
 
-// A mandatory identifier is one that the consumer supplies, so what the code carried in its place goes.
-void QRCodeData::setIsPrimaryIDMandatory(bool value) noexcept {
-    flags_[QRCodeDataFiller::isPrimaryIDMandatory] = value;
-    if (value) {
-        texts_[QRCodeDataFiller::primaryID].reset();
-    }
-}
-
-void QRCodeData::setIsSecondaryIDMandatory(bool value) noexcept {
-    flags_[QRCodeDataFiller::isSecondaryIDMandatory] = value;
-    if (value) {
-        texts_[QRCodeDataFiller::secondaryID].reset();
-    }
-}
-
 bool operator==(const QRCodeData& left, const QRCodeData& right) {
-    static_assert(std::tuple_size_v<decltype(left.texts_)> == QRCodeDataFiller::textCount);
-    static_assert(std::tuple_size_v<decltype(left.flags_)> == QRCodeDataFiller::flagCount);
+    constexpr auto flags =
+        static_cast<std::size_t>(std::count_if(qrCodeDataProperties.begin(), qrCodeDataProperties.end(),
+                                               [](const QRCodeDataPropertyRow& row) { return row.isFlag; }));
+    static_assert(
+        QRCodeData::flagCount == flags && QRCodeData::textCount == qrCodeDataProperties.size() - flags,
+        "QRCodeData.h counts the rows of QRCodeDataProperties.h");
     return left.texts_ == right.texts_ && left.flags_ == right.flags_;
 }
 

@@ -1,100 +1,101 @@
 #include <KorvoQRParser/Model/QRCodeData.h>
+#include <KorvoQRParser/Model/QRCodeDataAccess.h>
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
-#include <string_view>
 
 namespace korvo {
 
 namespace {
 
-// A line of the text: the label, and the getter of the one kind that the property has.
-struct Line {
-    using TextGetter = const std::optional<std::string>& (QRCodeData::*)() const noexcept;
-    using FlagGetter = bool (QRCodeData::*)() const noexcept;
+using Property = QRCodeDataProperty;
 
-    constexpr Line(std::string_view lineLabel, TextGetter getter) : label(lineLabel), text(getter) {}
-    constexpr Line(std::string_view lineLabel, FlagGetter getter) : label(lineLabel), flag(getter) {}
-
-    std::string_view value(const QRCodeData& data) const {
-        if (flag != nullptr) {
-            return (data.*flag)() ? "true" : "false";
-        }
-        const std::optional<std::string>& value = (data.*text)();
-        return value ? std::string_view(*value) : "nil";
-    }
-
-    std::string_view label;
-    TextGetter text = nullptr;
-    FlagGetter flag = nullptr;
-};
-
-// Readers know this text by its lines: npciid1 stands twice, npciid2 and additionalDataField not at all.
+// The lines in their order. Readers know the text by its lines: npciid1 has two, npciid2 and
+// additionalDataField have none.
 // clang-format off
-#define KORVO_LINE(name) Line{#name ": ", &QRCodeData::name}
-#define KORVO_FLAG_LINE(name, Name) KORVO_LINE(name),
 constexpr std::array lines{
-    KORVO_LINE(korvoMerchantID),
-    KORVO_LINE(korvoMerchantPAN),
-    KORVO_LINE(merchantName),
-    KORVO_LINE(merchantCategoryCode),
-    KORVO_LINE(cityName),
-    KORVO_LINE(countryCode),
-    KORVO_LINE(currencyCode),
-    KORVO_LINE(transactionAmount),
-    KORVO_LINE(primaryID),
-    KORVO_LINE(secondaryID),
-    KORVO_LINE(tipAndFeeIndicator),
-    KORVO_LINE(convenienceFeeAmount),
-    KORVO_LINE(convenienceFeePercentage),
-    KORVO_LINE(payloadFormatIndicator),
-    KORVO_LINE(pointOfInitiation),
-    KORVO_LINE(postalCode),
-    KORVO_LINE(masterCardPAN1),
-    KORVO_LINE(masterCardPAN2),
-    KORVO_LINE(npciid1),
-    KORVO_LINE(npciid1),
-    KORVO_LINE(crc),
-    KORVO_LINE(billID),
-    KORVO_LINE(mobileNumber),
-    KORVO_LINE(storeID),
-    KORVO_LINE(loyaltyNumber),
-    KORVO_LINE(referenceID),
-    KORVO_LINE(consumerID),
-    KORVO_LINE(terminalID),
-    KORVO_LINE(purpose),
-    KORVO_LINE(additionalConsumerDataRequest),
-    KORVO_LINE(addDataMasterCard1),
-    KORVO_LINE(addDataMasterCard2),
-    KORVO_LINE(addDataNpci1),
-    KORVO_LINE(addDataNpci2),
-    KORVO_ADDITIONAL_DATA_FLAG_PROPERTIES(KORVO_FLAG_LINE)
-    KORVO_IDENTIFIER_FLAG_PROPERTIES(KORVO_FLAG_LINE)
-    KORVO_LINE(primaryIDLength),
-    KORVO_LINE(secondaryIDLength),
-    KORVO_LINE(tag03),
-    KORVO_LINE(tag08),
-    KORVO_LINE(tag09),
-    KORVO_LINE(tag10),
-    KORVO_LINE(tag11),
-    KORVO_LINE(tag12),
-    KORVO_LINE(tag13),
-    KORVO_LINE(tag14),
-    KORVO_LINE(tag15),
-    KORVO_LINE(tagSixtyTwo10),
-    KORVO_LINE(tagSixtyTwo15),
-    KORVO_LINE(tagSixtyTwo16),
-    KORVO_LINE(tagSixtyTwo17),
-    KORVO_LINE(tagSixtyTwo18),
-    KORVO_LINE(tagSixtyTwo19),
-    KORVO_LINE(tagSixtyTwo20),
-    KORVO_LINE(tagSixtyTwo21),
-    KORVO_LINE(tagSixtyTwo22),
+    Property::korvoMerchantID,
+    Property::korvoMerchantPAN,
+    Property::merchantName,
+    Property::merchantCategoryCode,
+    Property::cityName,
+    Property::countryCode,
+    Property::currencyCode,
+    Property::transactionAmount,
+    Property::primaryID,
+    Property::secondaryID,
+    Property::tipAndFeeIndicator,
+    Property::convenienceFeeAmount,
+    Property::convenienceFeePercentage,
+    Property::payloadFormatIndicator,
+    Property::pointOfInitiation,
+    Property::postalCode,
+    Property::masterCardPAN1,
+    Property::masterCardPAN2,
+    Property::npciid1,
+    Property::npciid1,
+    Property::crc,
+    Property::billID,
+    Property::mobileNumber,
+    Property::storeID,
+    Property::loyaltyNumber,
+    Property::referenceID,
+    Property::consumerID,
+    Property::terminalID,
+    Property::purpose,
+    Property::additionalConsumerDataRequest,
+    Property::addDataMasterCard1,
+    Property::addDataMasterCard2,
+    Property::addDataNpci1,
+    Property::addDataNpci2,
+    Property::isBillIDMandatory,
+    Property::isMobileNumberMandatory,
+    Property::isStoreIDMandatory,
+    Property::isLoyaltyNumberMandatory,
+    Property::isReferenceIDMandatory,
+    Property::isConsumerIDMandatory,
+    Property::isTerminalIDMandatory,
+    Property::isPurposeMandatory,
+    Property::isAdditonalConsumerDataRequestMandatory,
+    Property::isAddDataMasterCard1Mandatory,
+    Property::isAddDataMasterCard2Mandatory,
+    Property::isAddDataNpci1Mandatory,
+    Property::isAddDataNpci2Mandatory,
+    Property::isPrimaryIDMandatory,
+    Property::isSecondaryIDMandatory,
+    Property::primaryIDLength,
+    Property::secondaryIDLength,
+    Property::tag03,
+    Property::tag08,
+    Property::tag09,
+    Property::tag10,
+    Property::tag11,
+    Property::tag12,
+    Property::tag13,
+    Property::tag14,
+    Property::tag15,
+    Property::tagSixtyTwo10,
+    Property::tagSixtyTwo15,
+    Property::tagSixtyTwo16,
+    Property::tagSixtyTwo17,
+    Property::tagSixtyTwo18,
+    Property::tagSixtyTwo19,
+    Property::tagSixtyTwo20,
+    Property::tagSixtyTwo21,
+    Property::tagSixtyTwo22,
 };
-#undef KORVO_FLAG_LINE
-#undef KORVO_LINE
 // clang-format on
+
+constexpr bool hasItsLines(const QRCodeDataPropertyRow& row) {
+    const auto wanted = row.index == Property::npciid1                                                 ? 2
+                        : row.index == Property::npciid2 || row.index == Property::additionalDataField ? 0
+                                                                                                       : 1;
+    return std::count(lines.begin(), lines.end(), row.index) == wanted;
+}
+static_assert(std::all_of(qrCodeDataProperties.begin(), qrCodeDataProperties.end(), hasItsLines),
+              "a new property needs its place among the lines");
 
 }  // namespace
 
@@ -102,9 +103,11 @@ std::string QRCodeData::description() const {
     constexpr std::size_t usualSize = 2048;
     std::string text;
     text.reserve(usualSize);
-    for (const Line& line : lines) {
-        text += line.label;
-        text += line.value(*this);
+    for (const Property property : lines) {
+        const QRCodeDataPropertyRow& row = propertyRow(property);
+        text += row.name;
+        text += ": ";
+        text += QRCodeDataAccess::rendered(*this, row);
         text += '\n';
     }
     return text;

@@ -1,106 +1,129 @@
 #include <KorvoQRParser/Decoding/Text/TextHelpers.h>
-#include <KorvoQRParser/Model/QRCodeDataFiller.h>
+#include <KorvoQRParser/Model/QRCodeDataAccess.h>
+#include <KorvoQRParser/Model/QRCodeDataProperties.h>
 #include <KorvoQRParser/Parser/assembleQRCodeData.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <utility>
 
 namespace korvo {
 
 namespace {
 
 using TLV = KorvoPayMerchantTLV;
-using Data = QRCodeData;
+using Property = QRCodeDataProperty;
 
-// The holder's field, and the record's property that gets its value. A list for the preprocessor, as fifty
-// tests in a row are quicker than a loop over a table.
-// clang-format off
-#define KORVO_COPIED_FIELDS(COPY)                                  \
-    COPY(korvoMerchantID, korvoMerchantID)                         \
-    COPY(merchantName, merchantName)                               \
-    COPY(merchantCategoryCode, merchantCategoryCode)               \
-    COPY(cityName, cityName)                                       \
-    COPY(countryCode, countryCode)                                 \
-    COPY(currencyCode, currencyCode)                               \
-    COPY(transactionAmount, transactionAmount)                     \
-    COPY(primaryID, primaryID)                                     \
-    COPY(secondaryID, secondaryID)                                 \
-    COPY(tipAndFeeIndicator, tipAndFeeIndicator)                   \
-    COPY(convenienceFeeAmount, convenienceFeeAmount)               \
-    COPY(convenienceFeePercentage, convenienceFeePercentage)       \
-    COPY(payloadFormatIndicator, payloadFormatIndicator)           \
-    COPY(pointOfInitiation, pointOfInitiation)                     \
-    COPY(postalCode, postalCode)                                   \
-    COPY(masterCardPAN1, masterCardPAN1)                           \
-    COPY(masterCardPAN2, masterCardPAN2)                           \
-    COPY(NPCIID1, npciid1)                                         \
-    COPY(NPCIID2, npciid2)                                         \
-    COPY(crc, crc)                                                 \
-    COPY(tag03, tag03)                                             \
-    COPY(tag08, tag08)                                             \
-    COPY(tag09, tag09)                                             \
-    COPY(tag10, tag10)                                             \
-    COPY(tag11, tag11)                                             \
-    COPY(tag12, tag12)                                             \
-    COPY(tag13, tag13)                                             \
-    COPY(tag14, tag14)                                             \
-    COPY(tag15, tag15)                                             \
-    COPY(additionalDataField, additionalDataField)                 \
-    COPY(billNumber, billID)                                       \
-    COPY(mobileNumber, mobileNumber)                               \
-    COPY(storeID, storeID)                                         \
-    COPY(loyaltyNumber, loyaltyNumber)                             \
-    COPY(referenceID, referenceID)                                 \
-    COPY(consumerID, consumerID)                                   \
-    COPY(terminalId, terminalID)                                   \
-    COPY(purpose, purpose)                                         \
-    COPY(additionalConsumerDataReq, additionalConsumerDataRequest) \
-    COPY(tagSixtyTwo10, tagSixtyTwo10)                             \
-    COPY(addDataMasterCard1, addDataMasterCard1)                   \
-    COPY(addDataMasterCard2, addDataMasterCard2)                   \
-    COPY(addDataNPCI1, addDataNpci1)                               \
-    COPY(addDataNPCI2, addDataNpci2)                               \
-    COPY(tagSixtyTwo15, tagSixtyTwo15)                             \
-    COPY(tagSixtyTwo16, tagSixtyTwo16)                             \
-    COPY(tagSixtyTwo17, tagSixtyTwo17)                             \
-    COPY(tagSixtyTwo18, tagSixtyTwo18)                             \
-    COPY(tagSixtyTwo19, tagSixtyTwo19)                             \
-    COPY(tagSixtyTwo20, tagSixtyTwo20)                             \
-    COPY(tagSixtyTwo21, tagSixtyTwo21)                             \
-    COPY(tagSixtyTwo22, tagSixtyTwo22)
-// clang-format on
-
-struct MandatoryFlag {
-    TLV::Value TLV::*value;
-    void (Data::*flag)(bool) noexcept;
+// A property that copies a field of the holder, and the flag that says that the value is a placeholder.
+struct Source {
+    TLV::Value TLV::*field;
+    Property text;
+    std::optional<Property> flag = std::nullopt;
 };
 
-// The setters of the first two also take the placeholder out of the record; the others leave it there.
 // clang-format off
-constexpr std::array mandatoryFlags{
-    MandatoryFlag{&TLV::primaryID, &Data::setIsPrimaryIDMandatory},
-    MandatoryFlag{&TLV::secondaryID, &Data::setIsSecondaryIDMandatory},
-    MandatoryFlag{&TLV::billNumber, &Data::setIsBillIDMandatory},
-    MandatoryFlag{&TLV::mobileNumber, &Data::setIsMobileNumberMandatory},
-    MandatoryFlag{&TLV::storeID, &Data::setIsStoreIDMandatory},
-    MandatoryFlag{&TLV::loyaltyNumber, &Data::setIsLoyaltyNumberMandatory},
-    MandatoryFlag{&TLV::referenceID, &Data::setIsReferenceIDMandatory},
-    MandatoryFlag{&TLV::consumerID, &Data::setIsConsumerIDMandatory},
-    MandatoryFlag{&TLV::terminalId, &Data::setIsTerminalIDMandatory},
-    MandatoryFlag{&TLV::purpose, &Data::setIsPurposeMandatory},
-    MandatoryFlag{&TLV::additionalConsumerDataReq, &Data::setIsAdditonalConsumerDataRequestMandatory},
-    MandatoryFlag{&TLV::addDataMasterCard1, &Data::setIsAddDataMasterCard1Mandatory},
-    MandatoryFlag{&TLV::addDataMasterCard2, &Data::setIsAddDataMasterCard2Mandatory},
-    MandatoryFlag{&TLV::addDataNPCI1, &Data::setIsAddDataNpci1Mandatory},
-    MandatoryFlag{&TLV::addDataNPCI2, &Data::setIsAddDataNpci2Mandatory},
+constexpr std::array sources{
+    Source{&TLV::korvoMerchantID, Property::korvoMerchantID},
+    Source{&TLV::merchantName, Property::merchantName},
+    Source{&TLV::merchantCategoryCode, Property::merchantCategoryCode},
+    Source{&TLV::cityName, Property::cityName},
+    Source{&TLV::countryCode, Property::countryCode},
+    Source{&TLV::currencyCode, Property::currencyCode},
+    Source{&TLV::transactionAmount, Property::transactionAmount},
+    Source{&TLV::primaryID, Property::primaryID, Property::isPrimaryIDMandatory},
+    Source{&TLV::secondaryID, Property::secondaryID, Property::isSecondaryIDMandatory},
+    Source{&TLV::tipAndFeeIndicator, Property::tipAndFeeIndicator},
+    Source{&TLV::convenienceFeeAmount, Property::convenienceFeeAmount},
+    Source{&TLV::convenienceFeePercentage, Property::convenienceFeePercentage},
+    Source{&TLV::payloadFormatIndicator, Property::payloadFormatIndicator},
+    Source{&TLV::pointOfInitiation, Property::pointOfInitiation},
+    Source{&TLV::postalCode, Property::postalCode},
+    Source{&TLV::masterCardPAN1, Property::masterCardPAN1},
+    Source{&TLV::masterCardPAN2, Property::masterCardPAN2},
+    Source{&TLV::NPCIID1, Property::npciid1},
+    Source{&TLV::NPCIID2, Property::npciid2},
+    Source{&TLV::crc, Property::crc},
+    Source{&TLV::tag03, Property::tag03},
+    Source{&TLV::tag08, Property::tag08},
+    Source{&TLV::tag09, Property::tag09},
+    Source{&TLV::tag10, Property::tag10},
+    Source{&TLV::tag11, Property::tag11},
+    Source{&TLV::tag12, Property::tag12},
+    Source{&TLV::tag13, Property::tag13},
+    Source{&TLV::tag14, Property::tag14},
+    Source{&TLV::tag15, Property::tag15},
+    Source{&TLV::additionalDataField, Property::additionalDataField},
+    Source{&TLV::billNumber, Property::billID, Property::isBillIDMandatory},
+    Source{&TLV::mobileNumber, Property::mobileNumber, Property::isMobileNumberMandatory},
+    Source{&TLV::storeID, Property::storeID, Property::isStoreIDMandatory},
+    Source{&TLV::loyaltyNumber, Property::loyaltyNumber, Property::isLoyaltyNumberMandatory},
+    Source{&TLV::referenceID, Property::referenceID, Property::isReferenceIDMandatory},
+    Source{&TLV::consumerID, Property::consumerID, Property::isConsumerIDMandatory},
+    Source{&TLV::terminalId, Property::terminalID, Property::isTerminalIDMandatory},
+    Source{&TLV::purpose, Property::purpose, Property::isPurposeMandatory},
+    Source{&TLV::additionalConsumerDataReq, Property::additionalConsumerDataRequest, Property::isAdditonalConsumerDataRequestMandatory},
+    Source{&TLV::tagSixtyTwo10, Property::tagSixtyTwo10},
+    Source{&TLV::addDataMasterCard1, Property::addDataMasterCard1, Property::isAddDataMasterCard1Mandatory},
+    Source{&TLV::addDataMasterCard2, Property::addDataMasterCard2, Property::isAddDataMasterCard2Mandatory},
+    Source{&TLV::addDataNPCI1, Property::addDataNpci1, Property::isAddDataNpci1Mandatory},
+    Source{&TLV::addDataNPCI2, Property::addDataNpci2, Property::isAddDataNpci2Mandatory},
+    Source{&TLV::tagSixtyTwo15, Property::tagSixtyTwo15},
+    Source{&TLV::tagSixtyTwo16, Property::tagSixtyTwo16},
+    Source{&TLV::tagSixtyTwo17, Property::tagSixtyTwo17},
+    Source{&TLV::tagSixtyTwo18, Property::tagSixtyTwo18},
+    Source{&TLV::tagSixtyTwo19, Property::tagSixtyTwo19},
+    Source{&TLV::tagSixtyTwo20, Property::tagSixtyTwo20},
+    Source{&TLV::tagSixtyTwo21, Property::tagSixtyTwo21},
+    Source{&TLV::tagSixtyTwo22, Property::tagSixtyTwo22},
 };
 // clang-format on
 
-void copyIfPresent(const TLV::Value& value, QRCodeDataFiller& filler, QRCodeDataFiller::TextIndex property) {
-    if (value) {
-        filler.set(property, value->text());
+// Everything else is computed.
+constexpr std::array computed{Property::korvoMerchantPAN, Property::primaryIDLength,
+                              Property::secondaryIDLength};
+
+constexpr bool hasOneSource(const QRCodeDataPropertyRow& row) {
+    const auto copies = std::count_if(sources.begin(), sources.end(), [&row](const Source& source) {
+        return (source.text == row.index && !row.isFlag) || (source.flag == row.index && row.isFlag);
+    });
+    return copies + std::count(computed.begin(), computed.end(), row.index) == 1;
+}
+static_assert(std::all_of(qrCodeDataProperties.begin(), qrCodeDataProperties.end(), hasOneSource),
+              "every property is filled by exactly one source");
+
+using PlaceholderTest = bool (*)(const CountedText&);
+
+// The payload format decides how a merchant leaves a value to the consumer.
+PlaceholderTest placeholderTest(const TLV& holder) {
+    if (holder.payloadFormatIndicator == "01") {
+        return [](const CountedText& value) { return value == "***"; };
     }
+    return [](const CountedText& value) { return beginsWith(value, '?'); };
+}
+
+// All flags of a new record are false, so only placeholders are marked.
+template <std::size_t row>
+void copySource(const TLV& holder, PlaceholderTest isPlaceholder, QRCodeData& data) {
+    constexpr Source source = sources[row];
+    const TLV::Value& value = holder.*source.field;
+    if (!value) {
+        return;
+    }
+    QRCodeDataAccess::text(data, source.text).emplace(value->text());
+    if constexpr (source.flag.has_value()) {
+        if (isPlaceholder(*value)) {
+            QRCodeDataAccess::setFlag(data, *source.flag, true);
+        }
+    }
+}
+
+// Unrolled: fifty tests in a row are quicker than a loop over the table.
+template <std::size_t... rows>
+void copySources(const TLV& holder, QRCodeData& data, std::index_sequence<rows...> /*all*/) {
+    const PlaceholderTest isPlaceholder = placeholderTest(holder);
+    (copySource<rows>(holder, isPlaceholder, data), ...);
 }
 
 // The length that a placeholder identifier announces, in decimal: its second character as a base-27 digit.
@@ -134,23 +157,9 @@ std::string merchantPANFromMerchantID(const CountedText& merchantID) {
 
 std::shared_ptr<QRCodeData> assembleQRCodeData(const KorvoPayMerchantTLV& holder) {
     auto data = std::make_shared<QRCodeData>();
-    QRCodeDataFiller filler(*data);
-#define KORVO_COPY(field, property) copyIfPresent(holder.field, filler, QRCodeDataFiller::property);
-    KORVO_COPIED_FIELDS(KORVO_COPY)
-#undef KORVO_COPY
+    copySources(holder, *data, std::make_index_sequence<sources.size()>());
     if (holder.korvoMerchantID) {
         data->setKorvoMerchantPAN(merchantPANFromMerchantID(*holder.korvoMerchantID));
-    }
-
-    // A new record's flags are all false.
-    const bool isTwoDigitFormat = holder.payloadFormatIndicator == "01";
-    for (const auto& [value, flag] : mandatoryFlags) {
-        const TLV::Value& candidate = holder.*value;
-        const bool isPlaceholder =
-            candidate && (isTwoDigitFormat ? *candidate == "***" : beginsWith(*candidate, '?'));
-        if (isPlaceholder) {
-            ((*data).*flag)(true);
-        }
     }
     if (!holder.payloadFormatIndicator) {
         data->setPrimaryIDLength(announcedLength(holder.primaryID));

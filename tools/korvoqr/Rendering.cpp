@@ -2,7 +2,7 @@
 
 #include <KorvoQRParser/Decoding/Text/CharacterReader.h>
 #include <KorvoQRParser/Model/JSONString.h>
-#include <KorvoQRParser/Model/QRCodeDataProperties.h>
+#include <KorvoQRParser/Model/QRCodeDataAccess.h>
 
 #include <optional>
 #include <string_view>
@@ -49,12 +49,13 @@ void appendMember(std::string& json, std::string_view name, bool value) {
 
 std::string dataLine(const korvo::QRCodeData& data) {
     std::string json = R"({"qrCodeData":{)";
-#define KORVO_MEMBER(name, Name) appendMember(json, #name, data.name());
-    KORVO_VALUE_PROPERTIES(KORVO_MEMBER)
-    KORVO_ADDITIONAL_DATA_FLAG_PROPERTIES(KORVO_MEMBER)
-    KORVO_IDENTIFIER_FLAG_PROPERTIES(KORVO_MEMBER)
-    KORVO_LENGTH_PROPERTIES(KORVO_MEMBER)
-#undef KORVO_MEMBER
+    for (const korvo::QRCodeDataPropertyRow& row : korvo::qrCodeDataProperties) {
+        if (row.isFlag) {
+            appendMember(json, row.name, korvo::QRCodeDataAccess::flag(data, row.index));
+        } else {
+            appendMember(json, row.name, korvo::QRCodeDataAccess::text(data, row.index));
+        }
+    }
     json.pop_back();  // the comma behind the last member
     return json += "}}\n";
 }

@@ -4,6 +4,7 @@
 #include <KorvoQRParser/KorvoQRParserExport.h>
 
 #include <array>
+#include <cstddef>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -336,10 +337,13 @@ class KORVO_EXPORT QRCodeData {
     friend KORVO_EXPORT bool operator!=(const QRCodeData& left, const QRCodeData& right);
 
   private:
-    friend class QRCodeDataFiller;
+    friend class QRCodeDataAccess;
 
-    std::array<std::optional<std::string>, 55> texts_;
-    std::array<bool, 15> flags_{};
+    static constexpr std::size_t textCount = 55;
+    static constexpr std::size_t flagCount = 15;
+
+    std::array<std::optional<std::string>, textCount> texts_;
+    std::array<bool, flagCount> flags_{};
 };
 
 /// Prints the record's description.
