@@ -1,8 +1,10 @@
 #include "Payloads.h"
 #include <KorvoQRParser/Decoding/KorvoPayMerchantTLV.h>
 #include <KorvoQRParser/Parser/assembleQRCodeData.h>
+#include <KorvoQRParser/Validation/KorvoBaseConstants.h>
 
 #include <sstream>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -173,7 +175,7 @@ TEST(Response, OutlivesThePayloadAndLaterParses) {
     const auto accepted = QRCodeParser::parseQRData(*payload);
     const auto refused = QRCodeParser::parseQRData(with(twoDigit, {{"58", "in"}}));
     payload.reset();
-    QRCodeParser::parseQRData("0");
+    std::ignore = QRCodeParser::parseQRData("0");
     QRCodeParser::parseQRData("0", nullptr);
     EXPECT_EQ(accepted.qrCodeData()->merchantName(), std::string(25, 'n'));
     EXPECT_EQ(refused.qrCodeError()->errorCodes(), Codes{"12"});
@@ -182,7 +184,8 @@ TEST(Response, OutlivesThePayloadAndLaterParses) {
 TEST(Library, TellsItsVersion) {
     EXPECT_EQ(KorvoQRParserVersionNumber, 1.0);
     EXPECT_STREQ(KorvoQRParserVersionString, "@(#)PROGRAM:KorvoQRParser  PROJECT:KorvoSDK-1\n");
-    EXPECT_EQ(KorvoQRConstants::KorvoQRSDKVersion, "");
+    EXPECT_STREQ(KorvoQRConstants::KorvoQRSDKVersion.data(), "");
+    EXPECT_STREQ(KorvoBaseConstants::emptyString.data(), "");
 }
 
 }  // namespace

@@ -43,6 +43,7 @@ TEST(Text, CutsByUserPerceivedCharacters) {
     EXPECT_EQ(substringFromOffset(2, text), "\r\n");
     EXPECT_EQ(substringFromOffset(3, text), "c");
     EXPECT_FALSE(substringFromOffset(4, text) || substringFromOffset(0, "") || substringFromOffset(9, text));
+    EXPECT_DEATH((void)substringFromOffset(-1, text), "substringFromOffset: the offset is negative");
     EXPECT_EQ(substringWithOffsets(1, 3, text), "b\r\n");
     EXPECT_EQ(substringWithOffsets(4, 4, text), "");
     EXPECT_DEATH((void)substringWithOffsets(3, 5, text), "substringWithOffsets: the offsets lie outside");
@@ -77,7 +78,8 @@ TEST(Text, MatchesRegex) {
     EXPECT_TRUE(matchesRegex("xx7", "7$"));
     testing::internal::CaptureStdout();
     EXPECT_FALSE(matchesRegex("a", "["));
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "\"U_REGEX_MISSING_CLOSE_BRACKET\"\n");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "\"The pattern is not a regular expression: a set of characters has no closing bracket.\"\n");
     EXPECT_TRUE(matchesRegex("7", pattern));
 }
 

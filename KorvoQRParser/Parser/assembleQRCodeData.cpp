@@ -2,6 +2,7 @@
 #include <KorvoQRParser/Model/QRCodeDataAccess.h>
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>
 #include <KorvoQRParser/Parser/assembleQRCodeData.h>
+#include <KorvoQRParser/Validation/MerchantAccountNumber.h>
 
 #include <algorithm>
 #include <array>
@@ -139,10 +140,9 @@ std::optional<std::string> announcedLength(const TLV::Value& identifier) {
 }  // namespace
 
 std::string merchantPANFromMerchantID(const CountedText& merchantID) {
-    constexpr std::size_t prefixLength = 6;
-    constexpr std::size_t panLength = 16;
+    using namespace MerchantAccountNumber;
     const std::size_t length = merchantID.characterCount();
-    if (length > panLength) {
+    if (length > fullLength) {
         stopProgram("merchantPANFromMerchantID", "the merchant identifier is longer than 16 characters");
     }
     if (length <= prefixLength) {
@@ -150,7 +150,7 @@ std::string merchantPANFromMerchantID(const CountedText& merchantID) {
     }
     const std::string_view prefix = substringWithOffsets(0, prefixLength, merchantID);
     std::string pan(prefix);
-    pan.append(panLength - length, '0');
+    pan.append(fullLength - length, '0');
     pan.append(merchantID.text().substr(prefix.size()));
     return pan;
 }

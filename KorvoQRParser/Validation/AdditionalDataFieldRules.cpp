@@ -1,6 +1,5 @@
 #include <KorvoQRParser/Decoding/Text/CharacterSet.h>
 #include <KorvoQRParser/Decoding/Text/Lifetimes.h>
-#include <KorvoQRParser/Validation/KorvoBaseConstants.h>
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
 #include <KorvoQRParser/Validation/SharedRules.h>
@@ -39,7 +38,7 @@ void KorvoPayMerchantTLVValidator::validateAdditionalDataField(const KorvoPayMer
 
 void KorvoPayMerchantTLVValidator::validateAdditionalConsumerDataReq(const Value& request) {
     static const NeverDestroyed<CharacterSet> allowed([] {
-        return CharacterSet::characterSetWithCharactersInString(KorvoBaseConstants::allowedConsumerTags);
+        return CharacterSet::characterSetWithCharactersInString("AME");  // address, mobile, e-mail
     });
     if (request && (isLengthOutside(*request, 1, 3) || !consistsOfCharactersOf(request->text(), *allowed))) {
         addErrorCode(Codes::additionalConsumerDataInvalidValue);

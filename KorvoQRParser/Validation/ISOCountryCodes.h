@@ -18,7 +18,7 @@ struct Currency {
 /// codes belong to it, and so do rows that the standard has changed since (BYR, LTL, MRO, STD, USS, VEF,
 /// ZWD).
 // clang-format off
-inline constexpr std::array<Currency, 179> availableISOCurrencies{{
+inline constexpr auto availableISOCurrencies = std::to_array<Currency>({
     {784, "AED"}, {971, "AFN"}, {  8, "ALL"}, { 51, "AMD"}, {532, "ANG"}, {973, "AOA"}, { 32, "ARS"},
     { 36, "AUD"}, {533, "AWG"}, {944, "AZN"}, {977, "BAM"}, { 52, "BBD"}, { 50, "BDT"}, {975, "BGN"},
     { 48, "BHD"}, {108, "BIF"}, { 60, "BMD"}, { 96, "BND"}, { 68, "BOB"}, {984, "BOV"}, {986, "BRL"},
@@ -45,7 +45,7 @@ inline constexpr std::array<Currency, 179> availableISOCurrencies{{
     {955, "XBA"}, {956, "XBB"}, {957, "XBC"}, {958, "XBD"}, {951, "XCD"}, {960, "XDR"}, {952, "XOF"},
     {964, "XPD"}, {953, "XPF"}, {962, "XPT"}, {994, "XSU"}, {963, "XTS"}, {965, "XUA"}, {999, "XXX"},
     {886, "YER"}, {710, "ZAR"}, {967, "ZMW"}, {932, "ZWD"},
-}};
+});
 // clang-format on
 
 /// The row of availableISOCurrencies with this numeric code; null when there is none.

@@ -6,13 +6,10 @@
 /// Characters and values that the scheme's applications share.
 namespace korvo::KorvoBaseConstants {
 
-/// What an amount may hold beside digits.
+/// The one character besides digits that an amount may hold.
 inline constexpr std::string_view periodCharacter = ".";
 
-/// What a request for consumer data may hold: address, mobile number, e-mail.
-inline constexpr std::string_view allowedConsumerTags = "AME";
-
-// Published names that no rule reads; in particular, no maximum is enforced on any amount.
+// Published names that no rule reads. In particular, no maximum is enforced on any amount.
 inline constexpr std::string_view alphaNumericCharacterSet =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789";
 inline constexpr std::string_view alphabetCharacterSet =
@@ -24,10 +21,11 @@ inline constexpr std::string_view merchantTLVSpecialCharacterSet = " .,-'&/";
 inline constexpr std::string_view merchantNameSpecialCharacters = " .,-'&";
 inline constexpr double maximumTipsAmount = 999999.99;
 inline constexpr double maximumTransactionAmount = 9999999999.99;
+inline constexpr std::string_view allowedConsumerTags = "AME";
 inline constexpr std::string_view amountFormat = "%.2f";
 inline constexpr std::string_view defaultAmount = "0.00";
 inline constexpr std::string_view defaultTransactionCurrency = "356";
-inline constexpr std::string_view emptyString;
+inline constexpr std::string_view emptyString{""};
 inline constexpr std::string_view spaceString = " ";
 inline constexpr std::string_view nonBreakingSpace = "\u00A0";
 inline constexpr std::string_view percentageSymbol = "%";

@@ -59,11 +59,14 @@ class KorvoPayMerchantTLVValidator {
     void resetErrorCodes() noexcept { errorCodes_.clear(); }
 
   private:
-    /// What the tip or fee indicators "01", "02" and "03" stand for, with the published names in the order of
+    friend class TipAndFeeIndicatorTypes;  // the tests look at the published names
+
+    /// The meanings of the tip or fee indicators "01", "02" and "03", their published names in the order of
     /// the cases, and the case of a name (absent for any other text). The rules compare the indicators
     /// themselves.
     enum class TipAndFeeIndicatorType : unsigned char { Tip, Fee, Percentage };
-    static constexpr std::array<std::string_view, 3> tipAndFeeIndicatorTypes{"Tip", "Fee", "Percentage"};
+    static constexpr auto tipAndFeeIndicatorTypes =
+        std::to_array<std::string_view>({"Tip", "Fee", "Percentage"});
     static constexpr std::optional<TipAndFeeIndicatorType> tipAndFeeIndicatorType(std::string_view name) {
         for (std::size_t i = 0; i < tipAndFeeIndicatorTypes.size(); ++i) {
             if (tipAndFeeIndicatorTypes[i] == name) {

@@ -4,6 +4,7 @@
 #include <KorvoQRParser/Validation/ISOCountryCodes.h>
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
+#include <KorvoQRParser/Validation/MerchantAccountNumber.h>
 #include <KorvoQRParser/Validation/SharedRules.h>
 #include <KorvoQRParser/Validation/StringConstants.h>
 
@@ -25,8 +26,7 @@ bool isDigits(const CountedText& text, std::size_t count) {
 // widened to 16 by zeros after its sixth. Zeros add nothing to the sum; they only move the first six
 // characters, so the widened text is never built.
 bool passesLuhnTest(const CountedText& merchantID) {
-    constexpr std::size_t prefixLength = 6;
-    constexpr std::size_t fullLength = 16;
+    using namespace MerchantAccountNumber;
     const std::size_t length = merchantID.characterCount();
     const bool isWidened = length > prefixLength && length < fullLength;
     unsigned sum = 0;
@@ -63,7 +63,8 @@ bool KorvoPayMerchantTLVValidator::validateMerchantID(const Value& merchantID) {
         if (!merchantID->empty() && !beginsWith(*merchantID, '4')) {
             addErrorCode(Codes::merchantIdInvalidStartingDigit);
         }
-        if (isLengthOutside(*merchantID, 8, 16) || !parseInteger(merchantID->text(), 10)) {
+        if (isLengthOutside(*merchantID, 8, MerchantAccountNumber::fullLength) ||
+            !parseInteger(merchantID->text(), 10)) {
             addErrorCode(Codes::merchantIdInvalidLength);
         } else if (substringWithOffsets(6, 8, *merchantID) == "00") {
             addErrorCode(Codes::merchantIdRedundantSequence);

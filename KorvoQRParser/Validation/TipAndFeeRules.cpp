@@ -1,22 +1,36 @@
+#include <KorvoQRParser/Decoding/TipAndFeeIndicator.h>
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
 #include <KorvoQRParser/Validation/SharedRules.h>
+
+#include <string_view>
 
 namespace korvo {
 
 namespace Codes = KorvoErrorConstants;
 
 void KorvoPayMerchantTLVValidator::validateTipAndFeeIndicator(const KorvoPayMerchantTLV& holder) {
-    const Value& indicator = holder.tipAndFeeIndicator;
-    if (!indicator || *indicator == "01") {
+    if (!holder.tipAndFeeIndicator) {
         validateNoFee(holder);
-    } else if (*indicator == "02") {
-        validateFixedFee(holder);
-    } else if (*indicator == "03") {
-        validatePercentageFee(holder);
-    } else {
-        // An empty indicator ends here too, which is why its own code "30" is never raised.
+        return;
+    }
+    const std::string_view indicator = holder.tipAndFeeIndicator->text();
+    if (!TipAndFeeIndicator::isKnown(indicator)) {
         addErrorCode(Codes::tipAndFeeIndicatorInvalidCriteria);
+        return;
+    }
+    if (indicator == TipAndFeeIndicator::tip) {
+        validateNoFee(holder);
+    }
+    // Unreachable, because an empty indicator is not a known one. It keeps the code's place in the order.
+    if (indicator.empty()) {
+        addErrorCode(Codes::tipAndFeeIndicatorTagPresentWithoutValue);
+    }
+    if (indicator == TipAndFeeIndicator::fixedFee) {
+        validateFixedFee(holder);
+    }
+    if (indicator == TipAndFeeIndicator::percentage) {
+        validatePercentageFee(holder);
     }
 }
 
@@ -37,8 +51,8 @@ void KorvoPayMerchantTLVValidator::validateFixedFee(const KorvoPayMerchantTLV& h
     }
 }
 
-// A fixed fee beside the percentage is accepted and not looked at; one in its place gets a code that depends
-// on the payload's format.
+// A fixed fee next to the percentage is accepted without being checked. A fixed fee instead of the percentage
+// raises a code that depends on the payload's format.
 void KorvoPayMerchantTLVValidator::validatePercentageFee(const KorvoPayMerchantTLV& holder) {
     if (holder.convenienceFeePercentage) {
         validateConvenienceFeePercentage(*holder.convenienceFeePercentage);

@@ -33,7 +33,27 @@ struct CompiledPattern {
     UErrorCode status = U_ZERO_ERROR;
 };
 
-// What a digit of any radix up to 36 stands for; 36 for what is no digit.
+// The reason in plain words why a pattern does not compile.
+const char* reasonOf(UErrorCode status) {
+    switch (status) {
+        case U_REGEX_MISSING_CLOSE_BRACKET:
+            return "a set of characters has no closing bracket";
+        case U_REGEX_MISMATCHED_PAREN:
+            return "a parenthesis has no counterpart";
+        case U_REGEX_BAD_ESCAPE_SEQUENCE:
+            return "a backslash is followed by a character that has no meaning there";
+        case U_REGEX_BAD_INTERVAL:
+        case U_REGEX_MAX_LT_MIN:
+        case U_REGEX_NUMBER_TOO_BIG:
+            return "the numbers in braces are no range";
+        case U_REGEX_INVALID_RANGE:
+            return "a range of characters ends before it begins";
+        default:
+            return "its syntax is wrong";
+    }
+}
+
+// The value of each digit of any radix up to 36; 36 for a byte that is not a digit.
 constexpr std::array<std::uint8_t, 256> digitValues = [] {
     std::array<std::uint8_t, 256> values{};
     values.fill(36);
@@ -72,9 +92,12 @@ std::string_view droppingLastCharacters(std::string_view text, std::size_t count
                : text.substr(0, 0);
 }
 
-std::optional<std::string_view> substringFromOffset(std::size_t offset, const CountedText& text) {
+std::optional<std::string_view> substringFromOffset(std::ptrdiff_t offset, const CountedText& text) {
+    if (offset < 0) {
+        stopProgram("substringFromOffset", "the offset is negative");
+    }
     CharacterReader reader = text.characters();
-    return reader.take(offset) ? reader.take(1) : std::nullopt;
+    return reader.take(static_cast<std::size_t>(offset)) ? reader.take(1) : std::nullopt;
 }
 
 std::string_view substringWithOffsets(std::size_t startOffset, std::size_t endOffset,
@@ -93,7 +116,7 @@ bool matchesRegex(std::string_view text, std::string_view pattern) {
         last.compile(pattern);
         UErrorCode status = last.status;
         if (U_FAILURE(status)) {
-            std::printf("\"%s\"\n", u_errorName(status));
+            std::printf("\"The pattern is not a regular expression: %s.\"\n", reasonOf(status));
             return false;
         }
         UText storage = UTEXT_INITIALIZER;

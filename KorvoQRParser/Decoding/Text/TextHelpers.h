@@ -19,28 +19,30 @@ bool beginsWith(const CountedText& text, char character);
 /// The text without its last `count` characters; empty when it has no more than those.
 std::string_view droppingLastCharacters(std::string_view text, std::size_t count) noexcept;
 
-/// The single character at `offset`; absent when the text has no character there.
-std::optional<std::string_view> substringFromOffset(std::size_t offset, const CountedText& text);
+/// The single character at `offset`; absent when the text has no character there. A negative offset is a
+/// programming error and stops the program.
+[[nodiscard]] std::optional<std::string_view> substringFromOffset(std::ptrdiff_t offset,
+                                                                  const CountedText& text);
 
 /// The characters from `startOffset` up to but not including `endOffset`. Both must lie within the text and
 /// the start must not exceed the end; anything else is a programming error and stops the program.
-std::string_view substringWithOffsets(std::size_t startOffset, std::size_t endOffset,
-                                      const CountedText& text);
+[[nodiscard]] std::string_view substringWithOffsets(std::size_t startOffset, std::size_t endOffset,
+                                                    const CountedText& text);
 
-/// Whether the ICU regular expression is found anywhere in the text. A pattern that does not compile is
-/// found nowhere, and the reason is printed on standard output as a quoted string.
-bool matchesRegex(std::string_view text, std::string_view pattern);
+/// Whether the ICU regular expression matches anywhere in the text. A pattern that does not compile matches
+/// nowhere, and one line on standard output says why, in quotes.
+[[nodiscard]] bool matchesRegex(std::string_view text, std::string_view pattern);
 
 /// The text in lower case, by Unicode's full mappings of the root locale.
 [[gnu::cold]] std::string lowerCased(std::string_view text);
 
 /// The integer that the whole text writes: one optional sign, then at least one ASCII digit of the radix (2
 /// to 36, letters in either case). Absent for any other text and for what does not fit 64 bits.
-std::optional<std::int64_t> parseInteger(std::string_view text, int radix) noexcept;
+[[nodiscard]] std::optional<std::int64_t> parseInteger(std::string_view text, int radix) noexcept;
 
 /// The number that the whole text, of ASCII digits and points, writes, as strtod reads it in the C locale.
 /// Absent when it is no number.
-std::optional<double> parseDecimal(std::string_view text) noexcept;
+[[nodiscard]] std::optional<double> parseDecimal(std::string_view text) noexcept;
 
 /// Prints "KorvoQRParser: <operation>: <reason>" to standard error and ends the program, in every build: a
 /// caller's mistake that has no right answer must not get a wrong one.

@@ -41,12 +41,12 @@ class KORVO_EXPORT QRCodeData {
     /// is "nil", a flag "true" or "false". The empty text when any value holds a character outside ASCII.
     /// When a value that a caller set is not valid UTF-8, the empty text too, and one line on standard output
     /// says so. Made anew on every call, in time linear in the record's size.
-    std::string jsonOutput() const;
+    [[nodiscard]] std::string jsonOutput() const;
 
     /// The record as 69 lines "name: value", each ended by a line feed: an absent text is nil, a flag true or
     /// false, nothing is quoted or escaped. npciid1 stands on two lines; npciid2 and additionalDataField
     /// stand on none. Made anew on every call.
-    std::string description() const;
+    [[nodiscard]] std::string description() const;
 
     /// Merchant identifier (tag 02; "0" in the one-character format), as received.
     const std::optional<std::string>& korvoMerchantID() const noexcept;

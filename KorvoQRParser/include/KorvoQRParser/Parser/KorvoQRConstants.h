@@ -6,8 +6,8 @@
 /// Constants about the library itself.
 namespace korvo::KorvoQRConstants {
 
-/// Published for callers that print it; the library assigns no value, so it reads as the empty string.
-inline constexpr std::string_view KorvoQRSDKVersion{};
+/// The empty string: no version is assigned. Its data() is not null, so it may be used as a C string.
+inline constexpr std::string_view KorvoQRSDKVersion{""};
 
 }  // namespace korvo::KorvoQRConstants
 

@@ -29,7 +29,7 @@ class KORVO_EXPORT QRCodeError {
 
     /// The codes as one line of text: each code followed by one blank, the last one too ("41 48 "); the
     /// empty text for an empty list. Made anew on every call.
-    std::string description() const;
+    [[nodiscard]] std::string description() const;
 
   private:
     std::vector<std::string> errorCodes_;

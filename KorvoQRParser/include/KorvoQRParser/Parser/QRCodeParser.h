@@ -32,7 +32,7 @@ class KORVO_EXPORT QRCodeParser {
     /// Reads one payload. The response holds the record when every rule is kept, otherwise the error with the
     /// code of every violated rule, each once, in the order in which the rules ran; "0" alone when the text
     /// is malformed.
-    static QRCodeParserResponse parseQRData(std::string_view qrCodeString);
+    [[nodiscard]] static QRCodeParserResponse parseQRData(std::string_view qrCodeString);
 
     /// The same for callers that prefer a callback: calls `completionHandler` exactly once, on this thread,
     /// before returning, and always with a present response. An empty handler is ignored. The handler may
