@@ -77,10 +77,15 @@ inline const Elements twoDigit{{"00", "01"}, {"02", "4111111111111111"}, {"52", 
 inline const Elements oneCharacter{{"0", "4111111111111111"}, {"1", "KORVO CAFE"}, {"2", "5812"},
                                    {"3", "MUMBAI"},           {"4", "IN"},         {"5", "356"}};
 
-/// `base` with the values of some tags changed or added at the end or, where absent, taken away.
+/// `base` with the values of some tags changed or added at the end or, where absent, taken away. Tag 00 stays
+/// first.
 using Changes = std::vector<std::pair<std::string, std::optional<std::string>>>;
 inline Elements changed(Elements base, const Changes& changes) {
     for (const auto& [tag, value] : changes) {
+        if (tag == "00") {
+            base.front().second = *value;
+            continue;
+        }
         std::erase_if(base, [&tag = tag](const auto& element) { return element.first == tag; });
         if (value) {
             base.emplace_back(tag, *value);
@@ -104,18 +109,21 @@ inline std::string readData(const std::string& name) {
     return readFile(KORVOQR_SOURCE_DIR "/tests/data/" + name);
 }
 
-/// A text of a data file with \xHH, {27n}, {27*n} and {crc} carried out.
+/// A text of a data file with \xHH, {27n}, {27*text} and {crc} carried out.
 inline std::string expanded(std::string text) {
     for (std::size_t at = 0; (at = text.find("\\x", at)) != std::string::npos; ++at) {
         text.replace(at, 4, 1, static_cast<char>(std::stoi(text.substr(at + 2, 2), nullptr, 16)));
     }
-    for (std::size_t at = 0;
-         (at = text.find('{', at)) != std::string::npos && text.find('}', at) != std::string::npos; ++at) {
-        const std::size_t length = text.find('}', at) + 1 - at;
-        const std::string token = text.substr(at, length);
-        text.replace(
-            at, length,
-            token == "{crc}" ? "6304ABCD" : std::string(std::stoul(token.substr(1)), token[length - 2]));
+    for (std::size_t at = 0, end = 0;
+         (at = text.find('{', at)) != std::string::npos && (end = text.find('}', at)) != std::string::npos;
+         ++at) {
+        const std::string token = text.substr(at + 1, end - at - 1);
+        std::string made = token == "crc" ? "6304ABCD" : "";
+        for (std::size_t left = made.empty() ? std::stoul(token) : 0; left > 0; --left) {
+            const std::size_t star = token.find('*');
+            made += star == std::string::npos ? token.substr(token.size() - 1) : token.substr(star + 1);
+        }
+        text = text.substr(0, at) + made + text.substr(end + 1);
     }
     return text;
 }

@@ -1,8 +1,10 @@
 #include "Payloads.h"
 #include <KorvoQRParser/Decoding/KorvoPayMerchantTLV.h>
+#include <KorvoQRParser/Model/QRCodeDataProperties.h>
 #include <KorvoQRParser/Parser/assembleQRCodeData.h>
 #include <KorvoQRParser/Validation/KorvoBaseConstants.h>
 
+#include <map>
 #include <sstream>
 #include <tuple>
 
@@ -28,46 +30,95 @@ TEST(Record, RendersWhole) {
     }
 }
 
-TEST(Record, IdentifierFlagsTakeTheIdentifierOut) {
-    QRCodeData data;
-    data.setPrimaryID("p");
-    data.setSecondaryID("s");
-    data.setIsPrimaryIDMandatory(false);
-    EXPECT_EQ(data.primaryID(), "p");
-    data.setIsPrimaryIDMandatory(true);
-    EXPECT_FALSE(data.primaryID());
-    EXPECT_EQ(data.secondaryID(), "s");
-    data.setPrimaryID("again");
-    EXPECT_EQ(data.primaryID(), "again");
-    data.setIsPrimaryIDMandatory(true);  // already true, and it still clears
-    EXPECT_FALSE(data.primaryID());
-    data.setIsPrimaryIDMandatory(false);
-    EXPECT_FALSE(data.primaryID() || data.isPrimaryIDMandatory());
-    data.setIsSecondaryIDMandatory(false);
-    EXPECT_EQ(data.secondaryID(), "s");
-    data.setIsSecondaryIDMandatory(true);
-    EXPECT_FALSE(data.secondaryID());
-    data.setBillID("b");
-    data.setIsBillIDMandatory(true);
-    EXPECT_EQ(data.billID(), "b");
+struct Property {
+    std::string name;
+    bool isFlag;
+    void (*set)(QRCodeData&);  // a text to its own name, a flag to true
+    std::string (*get)(const QRCodeData&);
+};
+// clang-format off
+#define KORVO_TEXT(name, Name) {#name, false, [](QRCodeData& data) { data.set##Name(#name); }, \
+    [](const QRCodeData& data) { return data.name().value_or("nil"); }},
+#define KORVO_FLAG(name, Name) {#name, true, [](QRCodeData& data) { data.set##Name(true); }, \
+    [](const QRCodeData& data) { return std::string(data.name() ? "true" : "false"); }},
+const std::vector<Property> properties{KORVO_QRCODEDATA_PROPERTIES(KORVO_TEXT, KORVO_FLAG)};
+// clang-format on
+
+using Values = std::map<std::string, std::string>;
+
+// The rendering of an empty record with the values put in.
+std::string filled(const std::string& rendering, const Values& values) {
+    std::istringstream lines(readData(rendering));
+    std::string text;
+    for (std::string line; std::getline(lines, line); text += line + '\n') {
+        const std::size_t colon = line.find(':');
+        if (colon != std::string::npos) {
+            const std::size_t begin = line.find_first_not_of(" \"");
+            const std::size_t old = line.find_first_of("nf", colon);
+            const std::string name = line.substr(begin, line.find_first_of("\":", begin) - begin);
+            line.replace(old, line[old] == 'n' ? 3 : 5, values.at(name));
+        }
+    }
+    return text;
 }
 
-TEST(Record, EqualityLooksAtEveryKindOfProperty) {
-    QRCodeData one;
-    QRCodeData other;
-    EXPECT_EQ(one, other);
-    one.setSecondaryIDLength("");
-    EXPECT_NE(one, other);  // empty is not absent
-    other = one;
-    EXPECT_EQ(one, other);
-    other.setIsAddDataNpci2Mandatory(true);
-    EXPECT_NE(one, other);
+void expectValues(const QRCodeData& data, const Values& values) {
+    for (const Property& property : properties) {
+        EXPECT_EQ(property.get(data), values.at(property.name)) << property.name;
+    }
+    EXPECT_EQ(data.jsonOutput(), trimmed(filled("empty.json", values)));
+    EXPECT_EQ(data.description(), filled("empty.txt", values));
+}
+
+TEST(Record, KeepsItsPropertiesApart) {
+    QRCodeData data;
+    Values values;
+    for (const Property& property : properties) {
+        values[property.name] = property.isFlag ? "false" : property.name;
+        QRCodeData one;
+        property.set(property.isFlag ? one : data);
+        property.set(one);
+        EXPECT_NE(one, QRCodeData()) << property.name;
+        EXPECT_EQ(one, QRCodeData(one));
+    }
+    expectValues(data, values);
+    for (const Property& property : properties) {
+        QRCodeData flagged = data;
+        Values wanted = values;
+        property.set(flagged);
+        wanted[property.name] = property.isFlag ? "true" : property.name;
+        if (property.name == "isPrimaryIDMandatory" || property.name == "isSecondaryIDMandatory") {
+            wanted[property.name == "isPrimaryIDMandatory" ? "primaryID" : "secondaryID"] = "nil";
+        }
+        expectValues(flagged, wanted);
+    }
+}
+
+TEST(Record, IdentifierFlagsClearOnlyWhenTrue) {
+    QRCodeData data;
+    for (const bool wasMandatory : {false, true}) {
+        data.setPrimaryID("p");
+        data.setSecondaryID("s");
+        EXPECT_EQ(data.isPrimaryIDMandatory() && data.isSecondaryIDMandatory(), wasMandatory);
+        data.setIsPrimaryIDMandatory(true);  // clears even if it is true already
+        EXPECT_TRUE(!data.primaryID() && data.secondaryID() == "s");
+        data.setIsSecondaryIDMandatory(true);
+        EXPECT_FALSE(data.secondaryID());
+    }
+    data.setPrimaryID("p");
+    data.setSecondaryID("");
+    data.setIsPrimaryIDMandatory(false);
+    data.setIsSecondaryIDMandatory(false);
+    EXPECT_TRUE(data.primaryID() == "p" && data.secondaryID() == "");
+    const QRCodeData empty = data;
+    data.setSecondaryID(std::nullopt);
+    EXPECT_NE(data, empty);  // empty is not absent
 }
 
 TEST(Record, JSONEscapesAndRefuses) {
-    const auto json = [](const std::string& value) {
+    const auto json = [](const std::string& value, auto setter) {
         QRCodeData data;
-        data.setMerchantName(value);
+        (data.*setter)(value);
         testing::internal::CaptureStdout();
         const std::string output = data.jsonOutput();
         const std::string printed = testing::internal::GetCapturedStdout();
@@ -77,12 +128,17 @@ TEST(Record, JSONEscapesAndRefuses) {
                                          : output.substr(start + label.size(),
                                                          output.find(",\n", start) - start - label.size()));
     };
-    EXPECT_EQ(json(""), R"("")");
-    EXPECT_EQ(json("a\"b\\c/d\n"), R"("a\"b\\c/d\n")");
-    EXPECT_EQ(json(std::string("\0\x1f", 2)), R"("\u0000\u001F")");
-    EXPECT_EQ(json("caf\xC3\xA9"), "");
-    for (const char* const malformed : {"caf\xC3", "\x80", "\xED\xA0\x80", "\xC0\x80", "\xF4\x90\x80\x80"}) {
-        EXPECT_EQ(json(malformed), "error: Account could not be serialized into json\n");
+    const auto name = &QRCodeData::setMerchantName;
+    EXPECT_EQ(json("", name), R"("")");
+    EXPECT_EQ(json("a\"b\\c/d\n", name), R"("a\"b\\c/d\n")");
+    EXPECT_EQ(json(std::string("\0\x1f\b\f\r\t\x7f ", 8), name), "\"\\u0000\\u001F\\b\\f\\r\\t\x7f \"");
+    EXPECT_EQ(json(std::string("\0caf\xC3\xA9", 6), name), "");
+    for (const auto setter : {name, &QRCodeData::setPrimaryIDLength, &QRCodeData::setSecondaryIDLength}) {
+        EXPECT_EQ(json("caf\xC3\xA9", setter), "");
+        for (const char* const malformed :
+             {"caf\xC3", "\x80", "\xED\xA0\x80", "\xC0\x80", "\xF4\x90\x80\x80"}) {
+            EXPECT_EQ(json(malformed, setter), "error: Account could not be serialized into json\n");
+        }
     }
 }
 
@@ -118,39 +174,18 @@ TEST(Assembly, MarksPlaceholders) {
         EXPECT_EQ(data->isBillIDMandatory(), isPlaceholder) << row[1];
         EXPECT_EQ(data->billID(), value);
         EXPECT_EQ(data->primaryIDLength().value_or("none"), row.at(3)) << row[1];
+        EXPECT_EQ(data->secondaryIDLength().value_or("none"), row.at(3)) << row[1];
     }
 }
 
-TEST(Assembly, PairsEachFlagAndLengthWithItsOwnValue) {
-    KorvoPayMerchantTLV identifiers;
-    identifiers.primaryID = "?5";
-    identifiers.secondaryID = "?a";
-    EXPECT_EQ(assembleQRCodeData(identifiers)->primaryIDLength(), "5");
-    EXPECT_EQ(assembleQRCodeData(identifiers)->secondaryIDLength(), "10");
-    identifiers.secondaryID.reset();
-    EXPECT_FALSE(assembleQRCodeData(identifiers)->isSecondaryIDMandatory());
-    for (const auto& [subTag, value] : Elements{{"01", "BillID"},
-                                                {"02", "MobileNumber"},
-                                                {"03", "StoreID"},
-                                                {"04", "LoyaltyNumber"},
-                                                {"05", "ReferenceID"},
-                                                {"06", "ConsumerID"},
-                                                {"07", "TerminalID"},
-                                                {"08", "Purpose"},
-                                                {"09", "AdditonalConsumerDataRequest"},
-                                                {"11", "AddDataMasterCard1"},
-                                                {"12", "AddDataMasterCard2"},
-                                                {"13", "AddDataNpci1"},
-                                                {"14", "AddDataNpci2"}}) {
-        KorvoPayMerchantTLV holder;
-        holder.payloadFormatIndicator = "01";
-        holder.setTLV01Value("62", subTag, "***");
-        const std::string description = assembleQRCodeData(holder)->description();
-        const std::size_t flag = description.find(": true\n");
-        EXPECT_EQ(description.rfind(": true\n"), flag);
-        EXPECT_EQ(description.rfind("\nis" + value + "Mandatory", flag), description.rfind('\n', flag))
-            << subTag;
-    }
+TEST(Assembly, KeepsIdentifiersApart) {
+    KorvoPayMerchantTLV holder;
+    holder.primaryID = "?5";
+    holder.secondaryID = "?a";
+    EXPECT_EQ(assembleQRCodeData(holder)->primaryIDLength(), "5");
+    EXPECT_EQ(assembleQRCodeData(holder)->secondaryIDLength(), "10");
+    holder.secondaryID.reset();
+    EXPECT_FALSE(assembleQRCodeData(holder)->isSecondaryIDMandatory());
 }
 
 TEST(Response, CarriesWhatItIsGiven) {
