@@ -113,8 +113,8 @@ TEST(Holder, StoresByTag) {
     }
 }
 
-// A second opinion: the grammar once more, over a plain list of characters, slow and without any state that
-// could go wrong. Characters are those of test texts, where the only mark is the combining acute accent.
+// A second implementation of the grammar, over a plain list of characters: slow, and without state that could
+// go wrong. The only combining mark that it knows is the acute accent.
 class Model {
   public:
     using Characters = std::vector<std::string>;
@@ -205,7 +205,7 @@ class Model {
         return decoded;
     }
 
-    // The holder keeps views, so the texts must live on.
+    // The holder keeps views, so the texts must outlive it.
     static std::string_view keep(const Characters& value) {
         static std::set<std::string> texts;
         return *texts.insert(joined(value, 0, value.size())).first;
@@ -226,7 +226,7 @@ void expectModelAgrees(const std::string& payload) {
 const std::array<std::string, 10> alphabet{"0", "1", "6", "3", "2", "A", "a", "+", "?", "\xCC\x81"};
 
 TEST(Decoding, AgreesWithTheModel) {
-    // On every short text
+    // Every short text
     for (unsigned length = 0, texts = 1; length <= 5; ++length, texts *= 10) {
         for (unsigned number = 0; number < texts; ++number) {
             std::string payload;
@@ -236,7 +236,7 @@ TEST(Decoding, AgreesWithTheModel) {
             expectModelAgrees(payload);
         }
     }
-    // and on nearly right payloads.
+    // Nearly right payloads
     std::mt19937 random(20261121);
     const auto below = [&random](unsigned n) { return static_cast<unsigned>(random() % n); };
     const auto number = [](unsigned n) { return std::string(twoDigitText(n)); };

@@ -42,10 +42,10 @@ TEST(Hostile, HugeTextsAreAnsweredAtOnceAndInPlace) {
         {"000201", marks, {"0"}},
         {"0002015901a", marks, {"0"}},
         {with(twoDigit, {}), "0", {"0"}},
-        {with(twoDigit, {}), marks, {"48"}},  // they join the checksum's last digit
+        {with(twoDigit, {}), marks, {"48"}},  // the marks join the checksum's last digit
         {nearlyAll + "0941234567", "8" + marks, {"0"}},
         {join(oneCharacter) + "61a", marks, {"16"}},
-        {join(oneCharacter) + "71a", marks, {}},  // one character may be as long as it likes
+        {join(oneCharacter) + "71a", marks, {}},  // one character may have any number of marks
         {join(oneCharacter) + "71", womanAndJoiner, {}},
         {join(oneCharacter) + "7z", hangul, {"0"}},
     };
@@ -59,8 +59,7 @@ TEST(Hostile, HugeTextsAreAnsweredAtOnceAndInPlace) {
         const auto start = std::chrono::steady_clock::now();
         EXPECT_EQ(codesOf(payload), codes) << head << " and " << unit;
         const auto seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-        // What grew with the square of the length would take days. A refusal needs no memory of the text's
-        // size, a record that of its one copy.
+        // A quadratic algorithm would take days. A refusal needs no copy of the text, a record needs one.
         EXPECT_LT(seconds, 60) << head << " and " << unit;
         EXPECT_LT(peakMegabytes() - before, codes.empty() ? 120 : 16) << head << " and " << unit;
     }

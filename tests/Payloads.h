@@ -32,7 +32,7 @@ class ExactCopy {
     std::size_t size_;
 };
 
-/// The checksum bit by bit, as the definition has it.
+/// The checksum, computed bit by bit from its definition.
 inline std::string checksum(std::string_view text) {
     unsigned crc = 0xFFFF;
     for (const char c : text) {
@@ -65,20 +65,19 @@ inline std::string join(const Elements& elements) {
     return payload;
 }
 
-/// Closes a two-digit payload with its checksum.
+/// A two-digit payload with its checksum added.
 inline std::string closed(std::string payload) {
     payload += "6304";
     return payload + checksum(payload);
 }
 
-/// Accepted payloads' elements, to be spoiled one by one.
+/// The elements of accepted payloads, for tests to spoil.
 inline const Elements twoDigit{{"00", "01"}, {"02", "4111111111111111"}, {"52", "5812"},  {"53", "356"},
                                {"58", "IN"}, {"59", "KORVO CAFE"},       {"60", "MUMBAI"}};
 inline const Elements oneCharacter{{"0", "4111111111111111"}, {"1", "KORVO CAFE"}, {"2", "5812"},
                                    {"3", "MUMBAI"},           {"4", "IN"},         {"5", "356"}};
 
-/// `base` with the values of some tags changed or added at the end or, where absent, taken away. Tag 00 stays
-/// first.
+/// `base` with some elements removed, or given a value and moved to the end. Tag 00 stays first.
 using Changes = std::vector<std::pair<std::string, std::optional<std::string>>>;
 inline Elements changed(Elements base, const Changes& changes) {
     for (const auto& [tag, value] : changes) {
@@ -109,7 +108,7 @@ inline std::string readData(const std::string& name) {
     return readFile(KORVOQR_SOURCE_DIR "/tests/data/" + name);
 }
 
-/// A text of a data file with \xHH, {27n}, {27*text} and {crc} carried out.
+/// Expands \xHH, {27n}, {27*text} and {crc} in a text of a data file.
 inline std::string expanded(std::string text) {
     for (std::size_t at = 0; (at = text.find("\\x", at)) != std::string::npos; ++at) {
         text.replace(at, 4, 1, static_cast<char>(std::stoi(text.substr(at + 2, 2), nullptr, 16)));

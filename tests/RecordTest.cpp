@@ -21,7 +21,7 @@ std::string trimmed(std::string text) {
 TEST(Record, RendersWhole) {
     EXPECT_EQ(QRCodeData().jsonOutput(), trimmed(readData("empty.json")));
     EXPECT_EQ(QRCodeData().description(), readData("empty.txt"));
-    // Every tag and sub-tag between them, each with a value of its own.
+    // The two payloads have every tag and sub-tag, each with a value of its own.
     for (const std::string name : {"full", "placeholders"}) {
         const auto response = QRCodeParser::parseQRData(trimmed(readData(name + ".payload")));
         ASSERT_TRUE(response.qrCodeData()) << name << ": " << *response.qrCodeError();
@@ -46,7 +46,7 @@ const std::vector<Property> properties{KORVO_QRCODEDATA_PROPERTIES(KORVO_TEXT, K
 
 using Values = std::map<std::string, std::string>;
 
-// The rendering of an empty record with the values put in.
+// The rendering of an empty record, with these values instead.
 std::string filled(const std::string& rendering, const Values& values) {
     std::istringstream lines(readData(rendering));
     std::string text;

@@ -10,7 +10,7 @@
 namespace korvo::test {
 namespace {
 
-// The codes of a payload, after making sure that both forms of the parse answer, once and alike.
+// The codes of a payload. Both forms of the parse must give the same answer, the completion form once.
 Codes codesOf(const std::string& payload) {
     const ExactCopy copy(payload);
     const QRCodeParserResponse response = QRCodeParser::parseQRData(copy.view());
@@ -74,7 +74,7 @@ TEST(Rules, AdditionalDataFieldBeyondWhatPayloadsCarry) {
     holder.postalCode = "";
     const Codes others{"5", "9", "15", "13", "7", "11", "43"};
     Codes codes = others;
-    EXPECT_EQ(validator.validatePayMerchantTLV01(&holder), codes);  // no tag 62, no rule of it
+    EXPECT_EQ(validator.validatePayMerchantTLV01(&holder), codes);  // without tag 62 none of its rules runs
     codes.insert(codes.end(), {"44", "45", "46"});
     const std::string longest(100, 'x');
     for (const std::string_view field : {std::string_view(), std::string_view(longest)}) {
@@ -89,7 +89,7 @@ TEST(Rules, Checksum) {
     for (int i = 0; i < 300; ++i, text += static_cast<char>(i * 7)) {
         EXPECT_EQ(computeCRC16(text), std::stoul(checksum(text), nullptr, 16)) << i;
     }
-    // One whose checksum begins with zero, so that a sign may stand there.
+    // A checksum that begins with zero, so that a sign can replace the zero.
     std::string body;
     for (int i = 0; body.empty() || closed(body)[body.size() + 4] != '0'; ++i) {
         body = join(twoDigit) + element("03", std::to_string(i));
@@ -105,7 +105,7 @@ TEST(Rules, Checksum) {
          {'-' + good.substr(1), std::string("GHIJ"), good.substr(1), good + "0", '0' + good}) {
         EXPECT_EQ(codesOf(body + element("63", crc)), Codes{"48"}) << crc;
     }
-    // The covered text ends four characters before the end, whatever those are.
+    // The checksum covers everything except the last four characters, whatever they are.
     const std::string covered = "e" + acute;
     const auto isRefused = [](const std::string& crc, const std::string& payload) {
         KorvoPayMerchantTLV holder;
@@ -141,7 +141,7 @@ TEST(Validator, DispatchesByPayloadFormatIndicator) {
     EXPECT_EQ(validator.validatePayMerchantTLV(&holder, "text"), missing);
     EXPECT_EQ(validator.validatePayMerchantTLV(nullptr, "text"), Codes{});
     EXPECT_EQ(validator.validatePayMerchantTLV(&holder), missing);
-    // Present but empty: no rule runs, and the codes of the run before come back.
+    // Present but empty: no rule runs, and the codes of the last run come back.
     KorvoPayMerchantTLV empty;
     empty.payloadFormatIndicator = "";
     EXPECT_EQ(validator.validatePayMerchantTLV(&empty, "text"), missing);
@@ -151,7 +151,8 @@ TEST(Validator, DispatchesByPayloadFormatIndicator) {
 
     holder.payloadFormatIndicator = "01";
     const Codes missing01{"5", "9", "15", "13", "7", "11"};
-    EXPECT_EQ(validator.validatePayMerchantTLV(&holder, "text"), missing01);  // no tag 63, no checksum
+    EXPECT_EQ(validator.validatePayMerchantTLV(&holder, "text"),
+              missing01);  // without tag 63 there is no checksum
     holder.crc = "12345";
     EXPECT_EQ(validator.validatePayMerchantTLV(&holder), missing01);
     EXPECT_EQ(validator.validatePayMerchantTLV(&holder, std::nullopt), missing01);
@@ -177,7 +178,7 @@ TEST(Validator, DispatchesByPayloadFormatIndicator) {
         EXPECT_FALSE(KorvoPayMerchantTLVValidator().validateMerchantID(id)) << id;
     }
     EXPECT_FALSE(validator.validateAmount("0"));
-    EXPECT_FALSE(validator.validateAmount("0"));  // raised again, though the list holds it already
+    EXPECT_FALSE(validator.validateAmount("0"));  // raised again, although the list holds it already
     EXPECT_TRUE(validator.validateAmount("1"));
     EXPECT_EQ(validator.errorCodes(), Codes{"17"});
     EXPECT_FALSE(validator.validateMerchantID(std::nullopt));
@@ -187,7 +188,7 @@ TEST(Validator, DispatchesByPayloadFormatIndicator) {
 TEST(Validator, IsSharedByAllParses) {
     const auto& shared = KorvoPayMerchantTLVValidator::sharedValidator();
     EXPECT_EQ(codesOf(with(oneCharacter, {{"4", "in"}})), Codes{"12"});
-    EXPECT_EQ(codesOf("00"), Codes{"0"});  // is not split, so nothing is validated
+    EXPECT_EQ(codesOf("00"), Codes{"0"});  // a malformed payload is not validated
     EXPECT_EQ(shared.errorCodes(), Codes{"12"});
     EXPECT_EQ(codesOf(with(oneCharacter, {})), Codes{});
     EXPECT_EQ(shared.errorCodes(), Codes{});
@@ -199,7 +200,7 @@ TEST(Validator, IsSharedByAllParses) {
 
 namespace korvo {
 
-// A friend of the validator, whose names for the indicators are private.
+// A friend of the validator, because its names for the indicators are private.
 class TipAndFeeIndicatorTypes : public testing::Test {
   protected:
     static int typeOf(std::string_view name) {

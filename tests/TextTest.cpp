@@ -35,12 +35,12 @@ TEST(Text, CutsByUserPerceivedCharacters) {
     EXPECT_EQ(characterCount(""), 0U);
     CharacterReader retried(std::string_view("\u00E9aaaa"));
     EXPECT_FALSE(retried.take(10));
-    EXPECT_EQ(retried.take(3), "\u00E9aa");  // a take that failed has taken nothing
+    EXPECT_EQ(retried.take(3), "\u00E9aa");  // a failed take takes nothing
     std::string hangul;
     while (hangul.size() < 300000) {
         hangul += "\uAC00";
     }
-    EXPECT_EQ(characterCount(hangul), 100000U);  // in no time, unless each character looks through all
+    EXPECT_EQ(characterCount(hangul), 100000U);  // slow if every character reads the whole text
     EXPECT_EQ(substringFromOffset(0, text), "a" + acute);
     EXPECT_EQ(substringFromOffset(2, text), "\r\n");
     EXPECT_EQ(substringFromOffset(3, text), "c");
@@ -57,13 +57,13 @@ TEST(Text, CutsByUserPerceivedCharacters) {
     EXPECT_EQ(droppingLastCharacters("\xDB\x9D"
                                      "1234",
                                      4),
-              "");  // a sign that joins what follows
+              "");  // a prepended mark joins the next character
     EXPECT_FALSE(beginsWith("?\x80", '?'));
     EXPECT_TRUE(beginsWith("?", '?') && !beginsWith("?" + acute, '?') && !beginsWith("", '?') &&
                 !beginsWith("!?", '?'));
     EXPECT_EQ(lowerCased("AbZ[\xC3\x89\xE2\x84\xAA"), "abz[\xC3\xA9k");
     EXPECT_EQ(lowerCased("AbZ[1"), "abz[1");
-    EXPECT_EQ(lowerCased("\xC4\xB0"), "i\xCC\x87");  // longer than it was
+    EXPECT_EQ(lowerCased("\xC4\xB0"), "i\xCC\x87");  // the lower case is longer
 }
 
 TEST(Text, MatchesRegex) {
@@ -135,7 +135,7 @@ std::vector<std::pair<std::string, std::size_t>> graphemeBreakTest() {
     return cases;
 }
 
-// Those cases, and every mix of classes as ICU cuts it, in whatever pieces the text is taken.
+// Those cases and random mixes of all classes are cut as ICU cuts them, in pieces of any size.
 TEST(Text, CutsCharactersAsUnicodeAndICUDo) {
     auto cases = graphemeBreakTest();
     EXPECT_GT(cases.size(), 600U);

@@ -46,7 +46,7 @@ TEST(Threads, NeverSeeEachOthersAnswers) {
     }
 }
 
-// Answers to payloads that ask the character sets, the pattern and the Unicode library's iterator.
+// The answers to payloads that need the character sets, the pattern and the Unicode library's iterator.
 Codes answersAtTheEnd() {
     const std::string hangul = "\xE1\x84\x80\xE1\x85\xA1";
     Codes answers;
@@ -59,7 +59,7 @@ Codes answersAtTheEnd() {
     return answers;
 }
 
-// Made before the first parse and so destroyed after everything that a parse keeps.
+// Constructed before the first parse, so destroyed after everything that a parse keeps.
 struct ParsesWhenDestroyed {
     bool isArmed = false;
     ~ParsesWhenDestroyed() {
@@ -69,7 +69,7 @@ struct ParsesWhenDestroyed {
     }
     const Codes expected{"46", "23", "", "0"};
 };
-// NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables): their ends are what is tested
+// NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables): the test is about their destruction
 ParsesWhenDestroyed globalObject;
 thread_local ParsesWhenDestroyed threadObject;
 // NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs the build, moves the installed tree, and uses it as somebody else's project does.
-# Usage: install_test.sh SOURCE BUILD VERSION COMPILER; stops at the first thing that is wrong.
+# Installs the build, moves the installed tree, and uses it from another project.
+# Usage: install_test.sh SOURCE BUILD VERSION COMPILER. Stops at the first fault.
 set -Eeuo pipefail
 trap 'echo "FAILED in line $LINENO: $BASH_COMMAND"' ERR
 source=$1 build=$2 version=$3 compiler=$4
@@ -16,14 +16,14 @@ mkdir "$work/later"
 mv "$work/first" "$work/later/place"
 prefix=$work/later/place
 echo "no file knows where it was built or first installed"
-# For the GNU runtime, clang writes the source's path into what it makes of Objective-C.
+# For the GNU runtime, clang writes the path of the source into Objective-C objects.
 not grep -rlF --exclude='libKorvoQRParserObjC.*' -e "$work/first" -e "$source/" -e "$build/" "$prefix"
 
-# headers: those of the C++ face
+# headers: lists the headers for C++
 headers() {
     (cd "$prefix/include" && find KorvoQRParser -type f ! -name '*ObjC*' ! -path '*/ObjectiveC/*' ! -name '*.modulemap') | LC_ALL=C sort
 }
-# interface: the installed headers, the sizes that callers have compiled in, and what the shared library exports
+# interface: lists the installed headers, the sizes of the public classes and the exported symbols
 interface() {
     headers
     {
@@ -58,7 +58,7 @@ grep -q "SONAME.*\[libKorvoQRParser.so.${version%%.*}\]" <(readelf -d "$library"
 
 accepted=$(cat "$tests/data/full.payload")
 cat "$tests/data/full.txt" "$tests/data/full.json" > "$work/record"
-# uses PROGRAM: it answers as it should, and is of the library's version.
+# uses PROGRAM: checks its answers and its version
 uses() {
     [[ $("$@" "$accepted" | head -1) == "${version%%.*} "*"PROGRAM:KorvoQRParser  PROJECT:KorvoSDK-${version%%.*}" ]]
     [[ $("$@" "${accepted/02104/02105}" | tail -1) == "1 3 48 " ]]
@@ -88,7 +88,7 @@ not needs "$work/static/consumer" libKorvoQRParser
 not needs "$work/shared/consumer" libicu
 configure "$work/shared" -D CMAKE_DISABLE_FIND_PACKAGE_ICU=ON > "$work/log" 2>&1
 
-# refuses WHY OPTION...: the package says why it cannot be used so
+# refuses WHY OPTION...: checks that the package refuses the options and says why
 refuses() {
     local why=$1
     shift

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes the Debian packages and installs them into a scratch root, which knows this machine's packages, so that what ours
-# depend on is checked. Usage: packages_test.sh SOURCE BUILD VERSION; stops at the first thing that is wrong.
+# Makes the Debian packages and installs them into a scratch root. The root knows this machine's packages, so dependencies
+# are checked. Usage: packages_test.sh SOURCE BUILD VERSION. Stops at the first fault.
 set -euo pipefail
 trap 'echo "FAILED in line $LINENO: $BASH_COMMAND"' ERR
 data=$1/tests/data build=$2 version=$3
@@ -20,7 +20,7 @@ development=$work/korvoqrparser-dev_${version}_$architecture.deb
 field() {
     dpkg-deb -f "$1" "$2"
 }
-echo "dependencies: what the programs are linked to, and ICU for who links the static library"
+echo "dependencies: the libraries that the programs need, and ICU for programs that link the static library"
 needed=$(readelf -d "$build"/KorvoQRParser/libKorvoQRParser.so | sed -n 's/.*NEEDED.*\[\(lib.*\)\]/\1/p')
 for library in $needed; do
     owner=$(dpkg-query --search "*/$(dpkg-architecture -qDEB_HOST_MULTIARCH)/$library" | sed -n '1s/:.*//p')
@@ -41,7 +41,7 @@ echo "installation"
 mkdir -p "$root"/etc "$root"/var/lib/dpkg/{info,updates,triggers}
 touch "$root/etc/ld.so.conf"
 cp /var/lib/dpkg/status "$root/var/lib/dpkg/"
-# The package's own script refreshes the list of shared libraries: here, the scratch root's.
+# The package's own script runs ldconfig; this one works on the scratch root.
 mkdir "$work/bin"
 printf '#!/bin/sh\nexec /sbin/ldconfig -r "$DPKG_ROOT"\n' > "$work/bin/ldconfig"
 chmod +x "$work/bin/ldconfig"

@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
-# Builds the library as part of somebody else's project: where neither the tool's nor the tests' own needs are at hand,
-# and nothing but the library of the wanted kind is built. Usage: subproject_test.sh SOURCE FOLDER COMPILER; the folder
-# keeps what was built.
+# Builds the library as part of another project, without the packages that the tool and the tests need. Only the library of
+# the wanted kind may be built. Usage: subproject_test.sh SOURCE FOLDER COMPILER. The build stays in the folder.
 set -euo pipefail
 trap 'echo "FAILED in line $LINENO: $BASH_COMMAND"' ERR
 source=$1 folder=$2 compiler=$3
@@ -21,7 +20,7 @@ check() {
         sed 's,.*/,,' | LC_ALL=C sort | tr '\n' ' ') == "$3 " ]]
     "$build/consumer" "$accepted" | sed -n 3,71p | diff "$source/tests/data/full.txt" -
     cmake --install "$build" --prefix "$folder/installed" > "$log"
-    [[ ! -e $folder/installed ]]  # what that project installs is for it to say
+    [[ ! -e $folder/installed ]]  # that project decides what it installs
 }
 
 check fetch OFF "consumer libKorvoQRParser.a"

@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-// Parses its argument in both forms, and prints what a caller sees of it, the library's version first.
+// Parses its argument in both forms. Prints the version, then the answer.
 int main(int /*argc*/, char** argv) {
     std::cout << KorvoQRParserVersionNumber << ' ' << KorvoQRParserVersionString;
     const auto response = korvo::QRCodeParser::parseQRData(argv[1]);
