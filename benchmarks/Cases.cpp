@@ -35,7 +35,7 @@ std::string merchant(std::string_view name, std::string_view city) {
            element(53, "356") + element(58, "IN") + element(59, name) + element(60, city);
 }
 
-// All 64 root tags, each as long as its rule or its length field allows.
+// All 64 root tags, each value as long as its rule or its length field allows.
 std::string longest() {
     std::string payload;
     for (unsigned tag = 0; tag <= 62; ++tag) {

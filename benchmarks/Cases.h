@@ -11,28 +11,29 @@
 
 namespace korvo::bench {
 
-/// A payload that is measured.
+/// A payload to measure.
 struct Case {
     std::string name;
     std::string payload;
     bool isAccepted;
 };
 
-/// All measured payloads. Stops the program when one is not accepted or refused as it claims, so that nothing
-/// but what its name says is ever measured.
+/// All measured payloads. Stops the program if the library does not accept or refuse a payload as its row
+/// says, so that every name tells what is measured.
 const std::vector<Case>& cases();
 
+/// The payload with this name. Stops the program when there is none.
 const Case& findCase(const std::string& name);
 
-/// A piece of work that can be done again and again, under its name; returns something of its result, so that
-/// the compiler cannot leave it out.
+/// A named piece of work that can be repeated. It returns a number from its result, so that the compiler
+/// cannot remove it.
 struct Work {
     std::string name;
     std::function<std::size_t()> run;
 };
 
-/// What any implementation must do for an accepted payload: check the UTF-8, compute the checksum, create a
-/// record, set the same values, destroy it.
+/// The work that any implementation must do for an accepted payload: check the UTF-8, compute the checksum,
+/// create a record, set the same values, destroy the record.
 class Floor {
   public:
     explicit Floor(const Case& accepted);
@@ -47,8 +48,8 @@ class Floor {
     std::vector<FlagSetter> flags_;
 };
 
-/// Everything that is measured beside the growth: each payload's parse, the floors, the callback form, the
-/// renderings, the checksum and the counting of characters.
+/// All work that is measured, except how it grows: the parse of each payload, the floors, the callback form,
+/// the renderings, the checksum and the counting of characters.
 std::vector<Work> allWork();
 
 }  // namespace korvo::bench

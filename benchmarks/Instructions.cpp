@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <cstring>
 
-/// Does one piece of work a number of times, for a tool that counts instructions: korvo_instructions NAME
-/// COUNT. Without arguments it prints the names; with --payload, the usual payload.
+/// Repeats one piece of work, for a tool that counts instructions: korvo_instructions NAME COUNT. Prints the
+/// names when it has no arguments, and the first payload when the argument is --payload.
 int main(int argc, char** argv) {
     if (argc == 2 && std::strcmp(argv[1], "--payload") == 0) {
         std::puts(korvo::bench::cases().front().payload.c_str());

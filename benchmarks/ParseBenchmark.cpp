@@ -17,7 +17,7 @@ std::atomic<std::size_t> allocations{0};
 
 }  // namespace
 
-// Counting costs every allocation the same, in a parse and in its floor.
+// Counting adds the same cost to every allocation, in a parse and in its floor.
 void* operator new(std::size_t size) {
     allocations.fetch_add(1, std::memory_order_relaxed);
     if (void* const memory = std::malloc(size)) {
@@ -36,7 +36,7 @@ namespace korvo::bench {
 namespace {
 
 void measure(benchmark::State& state, const Work& work) {
-    benchmark::DoNotOptimize(work.run());  // what is built on first use is not the work
+    benchmark::DoNotOptimize(work.run());  // objects made on first use are not measured
     const std::size_t before = allocations;
     for (auto _ : state) {
         benchmark::DoNotOptimize(work.run());
@@ -45,7 +45,8 @@ void measure(benchmark::State& state, const Work& work) {
     state.counters["allocations"] = counted / static_cast<double>(state.iterations());
 }
 
-// How a parse's time grows with the payload, whose end is a unit again and again.
+// Measures how the time of a parse grows with the payload, which is `head` and then copies of `unit` up to
+// the wanted size.
 void measureGrowth(benchmark::State& state, const std::string& head, const std::string& unit) {
     std::string payload = head;
     while (payload.size() < static_cast<std::size_t>(state.range(0))) {
@@ -88,8 +89,8 @@ void registerAll() {
     }
 }
 
-// Prints one table: the least time of all repetitions, which is the one that the machine disturbed least, and
-// below it what the targets speak of, as ratios of those times.
+// Prints one table. It shows the least time of all repetitions, because that one was disturbed least, and
+// below it the ratios of those times that the performance targets name.
 class Table : public benchmark::BenchmarkReporter {
   public:
     bool ReportContext(const Context& /*context*/) override { return true; }
@@ -124,7 +125,7 @@ class Table : public benchmark::BenchmarkReporter {
     }
 
   private:
-    // Without the number of repetitions.
+    // The name without the number of repetitions.
     static std::string nameOf(const Run& run) {
         return run.run_name.function_name + (run.run_name.args.empty() ? "" : "/" + run.run_name.args);
     }

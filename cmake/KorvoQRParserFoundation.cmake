@@ -1,6 +1,6 @@
-# Gives the target KorvoQRParser::Foundation: what every file that imports Foundation needs. The library's own build
-# includes this file, and the installed package does for whoever uses the Objective-C face. KORVO_GNUSTEP_HEADERS is where
-# the folder ObjectiveC/gnustep, or its installed copy, lies.
+# Defines the target KorvoQRParser::Foundation, which every file that imports Foundation needs. The library's own build
+# includes this file, and so does the installed package for programs that use the Objective-C face.
+# KORVO_GNUSTEP_HEADERS is the path of the folder ObjectiveC/gnustep or its installed copy.
 if(TARGET KorvoQRParser::Foundation)
     return()
 endif()
@@ -8,8 +8,8 @@ add_library(KorvoQRParser::Foundation INTERFACE IMPORTED GLOBAL)
 if(APPLE)
     target_link_libraries(KorvoQRParser::Foundation INTERFACE "-framework Foundation")
 else()
-    # GNUstep with GCC's Objective-C runtime. The runtime's headers stand among GCC's own, which must not come
-    # before those of clang.
+    # GNUstep with GCC's Objective-C runtime. The runtime's headers are in GCC's own include folder, which clang must
+    # search after its own.
     find_path(GNUSTEP_INCLUDE_DIR Foundation/Foundation.h PATH_SUFFIXES GNUstep REQUIRED)
     find_library(GNUSTEP_BASE_LIBRARY gnustep-base REQUIRED)
     find_library(BLOCKS_RUNTIME_LIBRARY BlocksRuntime REQUIRED)
@@ -26,7 +26,8 @@ else()
         $<$<COMPILE_LANGUAGE:OBJC,OBJCXX>:-fexceptions;-fconstant-string-class=NSConstantString>
         "$<$<COMPILE_LANG_AND_ID:OBJC,Clang>:SHELL:-fblocks -fobjc-runtime=gcc -idirafter ${OBJC_RUNTIME_INCLUDE_DIR}>"
         "$<$<COMPILE_LANG_AND_ID:OBJCXX,Clang>:SHELL:-fblocks -fobjc-runtime=gcc -idirafter ${OBJC_RUNTIME_INCLUDE_DIR}>")
-    # GNUstep has a _Block_copy too, which does not copy what clang makes: whichever comes first is used.
+    # GNUstep has a _Block_copy too, but it does not copy clang's blocks. The first library with one wins, so the blocks
+    # runtime comes first.
     target_link_libraries(KorvoQRParser::Foundation INTERFACE
         ${BLOCKS_RUNTIME_LIBRARY} ${GNUSTEP_BASE_LIBRARY} objc)
 endif()

@@ -1,10 +1,11 @@
-# What is installed, in two components: "runtime" for who runs programs, "development" for who builds them.
+# Installs two components: "runtime" to run programs, "development" to build them.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(packageDir ${CMAKE_INSTALL_LIBDIR}/cmake/KorvoQRParser)
 
-# Both kinds are installed, each under the same target name in a file of its own; the package's configuration takes one.
+# Both kinds of library are installed under the same target name, each in an export file of its own. The package's
+# configuration includes one of the two.
 foreach(target KorvoQRParser KorvoQRParserShared)
     if(target STREQUAL "KorvoQRParser")
         set(kind static)
@@ -28,12 +29,13 @@ install(FILES
     ${PROJECT_BINARY_DIR}/KorvoQRParserConfigVersion.cmake
     DESTINATION ${packageDir} COMPONENT development)
 
-# The file finds its prefix from where it lies, so that the tree may be moved.
+# The .pc files find the prefix from their own location, so that the installed tree may be moved.
 find_package(Threads REQUIRED)
 file(RELATIVE_PATH KORVO_PC_TO_PREFIX
     ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" KORVO_PC_TO_PREFIX "${KORVO_PC_TO_PREFIX}")
-# Both kinds lie in one folder, where -lKorvoQRParser is the shared one: the static one has a file that names it.
+# Both libraries are in one folder, where -lKorvoQRParser finds the shared one. The static one therefore has a .pc file
+# that names its file.
 foreach(file korvoqrparser.pc korvoqrparser-static.pc)
     configure_file(cmake/${file}.in ${file} @ONLY)
     install(FILES ${PROJECT_BINARY_DIR}/${file} DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)

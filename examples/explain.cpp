@@ -1,4 +1,4 @@
-// Says why a payload is refused: for each violated rule its code, its name, the tag in the payload, and the
+// Explains why a payload is refused: prints the code, the name, the tag and the meaning of each violated
 // rule. Usage: explain PAYLOAD
 
 #include <KorvoQRParser/KorvoQRParser.h>

@@ -1,6 +1,6 @@
-// Answers a stream of payloads from several threads: one payload a line on standard input, one answer a line
-// on standard output, in the order of the payloads and as soon as those before it are answered. Usage: serve
-// [THREADS]
+// Parses a stream of payloads on several threads. Reads one payload a line from standard input and prints one
+// answer a line on standard output, in the order of the payloads, each as soon as the answers before it are
+// printed. Usage: serve [THREADS]
 
 #include <KorvoQRParser/KorvoQRParser.h>
 
@@ -26,12 +26,12 @@
 
 namespace {
 
-// Hands values from thread to thread in their order. Holds no more than a few, so that memory stays flat
-// however long the stream is.
+// Hands values from thread to thread in their order. Its capacity is small, so that memory stays flat however
+// long the stream is.
 template <class Value>
 class Channel {
   public:
-    // Waits for room. False once the channel is closed: nobody will take the value.
+    // Waits for room. False once the channel is closed, because nobody will take the value.
     bool push(Value value) {
         std::unique_lock lock(mutex_);
         roomMade_.wait(lock, [this] { return isClosed_ || values_.size() < capacity; });
@@ -91,7 +91,7 @@ std::string answerToLines(std::string_view lines) {
     return answers;
 }
 
-// Some lines, to become the answers to them.
+// A job parses some lines and returns the answers to them.
 using Job = std::packaged_task<std::string()>;
 using Answers = std::future<std::string>;
 
@@ -101,8 +101,8 @@ void work(Channel<Job>& jobs) {
     }
 }
 
-// Prints the answers in the order of their jobs; ends early when nobody reads them, or memory is at an end,
-// which is all that can happen to a parse.
+// Prints the answers in the order of their jobs. Ends early when standard output fails or memory runs out,
+// which is the only error of a parse.
 void print(Channel<Answers>& channel) {
     while (std::optional<Answers> answers = channel.pop()) {
         try {
@@ -117,15 +117,15 @@ void print(Channel<Answers>& channel) {
     }
 }
 
-// Hands on the lines that have come whenever some have, so that nobody who waits for an answer waits for the
-// next payload. False when standard input cannot be read.
+// Submits the complete lines of every read at once, so that no answer waits for the next payload. False when
+// standard input cannot be read.
 bool readLines(Channel<Job>& jobs, Channel<Answers>& answers) {
     const auto submit = [&](std::string lines) {
         Job job([lines = std::move(lines)] { return answerToLines(lines); });
         return answers.push(job.get_future()) && jobs.push(std::move(job));
     };
     std::vector<char> buffer(std::size_t{1} << 16U);
-    std::string beginning;  // of a line whose end has not come yet
+    std::string beginning;  // of a line that is not complete yet
     for (;;) {
         const ssize_t count = ::read(STDIN_FILENO, buffer.data(), buffer.size());
         if (count < 0 && errno == EINTR) {

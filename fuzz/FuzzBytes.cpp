@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-/// Any bytes at all, as they come.
+/// Parses the bytes of the fuzzer unchanged.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     korvo::fuzz::checkPromises({reinterpret_cast<const char*>(data), size});
     return 0;

@@ -11,7 +11,8 @@
 namespace korvo::fuzz {
 namespace {
 
-// Takes decisions and texts from the fuzzer's bytes; zeros when they are used up.
+// Takes decisions and texts from the fuzzer's bytes. When these are used up, decisions are zero and texts are
+// empty.
 class Choices {
   public:
     Choices(const std::uint8_t* data, std::size_t size) : bytes_(reinterpret_cast<const char*>(data), size) {}
@@ -33,7 +34,7 @@ class Choices {
     std::string_view bytes_;
 };
 
-// Values that the rules of some tags accept, to get past them, and placeholders.
+// Values that pass the rules of some tags, and placeholders.
 constexpr std::string_view rightValues[] = {
     "01", "4111111111111111", "5812", "356", "12.50", "03", "2.5", "IN", "Korvo", "***", "?5"};
 
@@ -48,7 +49,7 @@ std::string value(unsigned right, Choices& choices) {
     }
 }
 
-// An element whose length is wrong now and then, or written with a sign.
+// An element whose length is sometimes wrong, or written with a sign.
 std::string element(std::string_view tag, const std::string& text, Choices& choices) {
     const unsigned wrong = choices.below(64);
     const auto length = static_cast<unsigned>(characterCount(text)) + (wrong == 1 ? 1 : 0);
@@ -68,7 +69,7 @@ std::string additionalData(Choices& choices) {
 }
 
 std::string twoDigitPayload(Choices& choices) {
-    // The tags that must be there are, unless the fuzzer says otherwise, each with its right value.
+    // The mandatory tags, each with its right value unless the fuzzer decides otherwise.
     constexpr unsigned mandatory[][2] = {{0, 0}, {2, 1}, {52, 2}, {53, 3}, {58, 7}, {59, 8}, {60, 8}};
     std::string payload;
     for (const auto& [tag, right] : mandatory) {
@@ -101,8 +102,8 @@ std::string oneCharacterPayload(Choices& choices) {
 }  // namespace
 }  // namespace korvo::fuzz
 
-/// Payloads made of elements with right or slightly wrong lengths, values and checksums, so that the rules
-/// and the record are reached and not the decoder alone.
+/// Parses payloads made of elements with right or slightly wrong lengths, values and checksums, so that the
+/// fuzzer reaches the rules and the record and not only the decoder.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     korvo::fuzz::Choices choices(data, size);
     korvo::fuzz::checkPromises(choices.below(4) != 0 ? korvo::fuzz::twoDigitPayload(choices)

@@ -30,7 +30,7 @@ bool isTwoDigit(const QRCodeData& data) {
     return data.payloadFormatIndicator().has_value();
 }
 
-// The record's texts that stand in the payload; the others are derived.
+// The texts of the record that were copied from the payload; the others are derived.
 std::vector<std::string> receivedTexts(const QRCodeData& data) {
     std::vector<std::string> texts;
     for (const QRCodeDataPropertyRow& row : qrCodeDataProperties) {
@@ -45,16 +45,16 @@ std::vector<std::string> receivedTexts(const QRCodeData& data) {
 
 void checkJSON(const QRCodeData& data, bool isASCII) {
     const std::string text = data.jsonOutput();
-    promise(text.empty() != isASCII, "JSON output is empty exactly for what is not ASCII");
+    promise(text.empty() != isASCII, "JSON output is empty exactly when a value is not ASCII");
     if (!text.empty()) {
         const auto json = nlohmann::json::parse(text, nullptr, false);
         promise(json.is_object() && json.size() == qrCodeDataProperties.size(),
                 "JSON output is an object of all properties");
-        promise(json["merchantName"] == *data.merchantName(), "JSON output holds the values");
+        promise(json["merchantName"] == *data.merchantName(), "JSON output contains the values");
     }
 }
 
-// The payload once more from its elements, in another order and with plain lengths.
+// The payload, rebuilt from its elements in another order, with lengths written without a sign.
 std::string reassembled(std::string_view payload, const TLVFormat& format) {
     std::vector<std::string> elements;
     TLVElementReader reader(CharacterReader(payload), format);
@@ -68,8 +68,8 @@ std::string reassembled(std::string_view payload, const TLVFormat& format) {
             elements.push_back(text += element.value.text());
         }
     }
-    // Tag 00 stays first; without a checksum behind it the last one stays last, as its end may join what
-    // follows.
+    // Tag 00 stays first. In the one-character format, where no checksum follows, the last element stays
+    // last, because the end of its value may join the next character.
     const bool isTwoDigitFormat = format.fieldWidth == 2;
     std::reverse(elements.begin() + (isTwoDigitFormat ? 1 : 0), elements.end() - (isTwoDigitFormat ? 0 : 1));
     std::string again;
@@ -81,7 +81,7 @@ std::string reassembled(std::string_view payload, const TLVFormat& format) {
 
 void checkAccepted(std::string_view payload, const QRCodeData& data) {
     for (const std::string& text : receivedTexts(data)) {
-        promise(payload.find(text) != std::string_view::npos, "a record's texts stand in the payload");
+        promise(payload.find(text) != std::string_view::npos, "a record's texts are in the payload");
     }
     const bool isASCII = std::all_of(payload.begin(), payload.end(),
                                      [](char c) { return static_cast<unsigned char>(c) < 0x80; });
@@ -112,10 +112,10 @@ void checkAccepted(std::string_view payload, const QRCodeData& data) {
 void checkRefused(std::string_view payload, const std::vector<std::string>& codes) {
     promise(!codes.empty(), "a refusal has a code");
     promise(std::set<std::string>(codes.begin(), codes.end()).size() == codes.size(),
-            "each code stands once");
+            "each code appears once");
     for (const std::string& code : codes) {
         promise(findErrorCatalogueEntry(code) != nullptr, "each code is in the catalogue");
-        promise(code != "0" || codes.size() == 1, "malformed stands alone");
+        promise(code != "0" || codes.size() == 1, "the code of a malformed payload comes alone");
         promise(code != "48" || (&code == &codes.back() && payload.substr(0, 2) == "00"),
                 "the checksum's code is last, and never in the one-character format");
     }
@@ -139,11 +139,11 @@ void checkPromises(std::string_view payload) {
         return response.qrCodeData() ? other.qrCodeData() && *other.qrCodeData() == *response.qrCodeData()
                                      : other.qrCodeError() && *other.qrCodeError() == *response.qrCodeError();
     };
-    promise(isSame(QRCodeParser::parseQRData(payload)), "a second parse answers alike");
+    promise(isSame(QRCodeParser::parseQRData(payload)), "a second parse gives the same answer");
     int calls = 0;
     QRCodeParser::parseQRData(payload, [&](const std::optional<QRCodeParserResponse>& handed) {
         ++calls;
-        promise(handed && isSame(*handed), "both forms answer alike");
+        promise(handed && isSame(*handed), "both forms give the same answer");
     });
     promise(calls == 1, "the handler is called once");
 

@@ -6,11 +6,10 @@
 
 namespace korvo::fuzz {
 
-/// Parses a payload and stops the program, with a line that says why, when any promise of the library is
-/// broken.
+/// Parses a payload. When the library breaks a promise, prints a line that names it and stops the program.
 void checkPromises(std::string_view payload);
 
-/// A two-digit payload's checksum element, for what stands before it.
+/// The checksum element of the two-digit payload that begins with `before`.
 std::string checksumElement(std::string_view before);
 
 }  // namespace korvo::fuzz

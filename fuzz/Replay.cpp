@@ -7,8 +7,8 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-/// Runs a fuzz target over the files of the folders given, where there is no fuzzer to run it: a corpus is a
-/// test.
+/// Runs a fuzz target over the files in the given folders, for builds without a fuzzer, so that the corpus is
+/// an ordinary test.
 int main(int argc, char** argv) {
     std::size_t inputs = 0;
     for (int i = 1; i < argc; ++i) {

@@ -12,8 +12,8 @@ constexpr std::size_t stride = 8;
 
 using CRCTable = std::array<std::uint16_t, 256>;
 
-// crcTables[k][b] is what byte b adds to the register once k more bytes have followed it, so that eight bytes
-// are eight independent lookups.
+// crcTables[k][b] is the contribution of byte b to the register after k more bytes, so that a step of eight
+// bytes takes eight independent lookups.
 constexpr std::array<CRCTable, stride> makeCRCTables() {
     std::array<CRCTable, stride> tables{};
     for (std::size_t i = 0; i < 256; ++i) {

@@ -11,7 +11,7 @@ namespace {
 using TLV = KorvoPayMerchantTLV;
 using Field = TLV::Value TLV::*;
 
-// The field of each case, null where the value is not kept.
+// The field of each tag; null when its value is not kept.
 // clang-format off
 #define KORVO_KEPT(rawValue, name, field, meaning) &TLV::field,
 #define KORVO_DROPPED(rawValue, name) nullptr,
@@ -24,8 +24,8 @@ constexpr std::array<Field, tlv00TagRows.size()> tlv00Fields{KORVO_TLV00_TAGS(KO
 
 }  // namespace
 
-// Defined here: a defaulted constructor would clear every byte of every field, not only the flags that make
-// them absent.
+// Defined here, because a defaulted constructor would clear every byte of every field and not only the flags
+// that make the fields absent.
 KorvoPayMerchantTLV::KorvoPayMerchantTLV() noexcept {}  // NOLINT(modernize-use-equals-default)
 
 void KorvoPayMerchantTLV::visit(PayMerchantValidTLV01 tag, const TLVElement& element) {

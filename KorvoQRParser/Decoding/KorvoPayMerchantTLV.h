@@ -9,13 +9,13 @@
 
 namespace korvo {
 
-/// The decoded values of one payload, one field per tag that is kept. Every field starts absent. Values are
-/// views into the payload, exactly as they stand there; one holder serves one payload.
+/// The decoded values of one payload, one field per tag that is kept. Values are views into the payload,
+/// exactly as written there, so the payload must outlive the holder. Each payload needs a new holder.
 class KorvoPayMerchantTLV final : public TLVDecodingProtocol {
   public:
     using Value = std::optional<CountedText>;
 
-    /// Every field absent.
+    /// Makes a holder with every field absent.
     KorvoPayMerchantTLV() noexcept;
 
     Value korvoMerchantID;
@@ -27,7 +27,7 @@ class KorvoPayMerchantTLV final : public TLVDecodingProtocol {
     Value transactionAmount;
     Value primaryID;
     Value secondaryID;
-    /// Whether the tip or fee indicator is one of "01", "02" and "03".
+    /// Whether the tip or fee indicator is "01", "02" or "03".
     bool isTipAvailable = false;
     Value tipAndFeeIndicator;
     Value convenienceFeeAmount;
@@ -49,7 +49,7 @@ class KorvoPayMerchantTLV final : public TLVDecodingProtocol {
     Value tag13;
     Value tag14;
     Value tag15;
-    /// The whole value of tag 62, beside its sub-tags below.
+    /// The whole value of tag 62. The fields below hold its sub-tags.
     Value additionalDataField;
     Value billNumber;
     Value mobileNumber;

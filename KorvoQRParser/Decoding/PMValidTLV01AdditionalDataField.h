@@ -10,8 +10,8 @@
 
 namespace korvo {
 
-// The sub-tags inside tag 62, one row per sub-tag: raw value, case, the field of KorvoPayMerchantTLV that
-// keeps its value, meaning. `MobileNumebr` is the published spelling.
+// The sub-tags inside tag 62, one row per sub-tag: raw value, enumerator, the field of KorvoPayMerchantTLV
+// that keeps the value, meaning. `MobileNumebr` is the published spelling.
 // clang-format off
 #define KORVO_TLV01_SUB_TAGS(KEPT)                                                                \
     KEPT("01", BillNumber, billNumber, "Bill number")                                             \
@@ -37,14 +37,14 @@ namespace korvo {
     KEPT("21", TagSixtyTwo21, tagSixtyTwo21, "Unnamed tag 62/21")                                 \
     KEPT("22", TagSixtyTwo22, tagSixtyTwo22, "Unnamed tag 62/22")
 
-/// The sub-tags inside tag "62", in the order of their numbers.
+/// The sub-tags inside tag 62, in numeric order.
 enum class PMValidTLV01AdditionalDataField : unsigned char {
 #define KORVO_KEPT(rawValue, name, field, meaning) name,
     KORVO_TLV01_SUB_TAGS(KORVO_KEPT)
 #undef KORVO_KEPT
 };
 
-/// What each case is called; position i is case i.
+/// The rows of the sub-tags, in the order of the enumerators.
 inline constexpr std::array tlv01SubTagRows{
 #define KORVO_KEPT(rawValue, name, field, meaning) TagRow{rawValue, meaning},
     KORVO_TLV01_SUB_TAGS(KORVO_KEPT)
@@ -63,7 +63,7 @@ constexpr std::string_view rawValue(PMValidTLV01AdditionalDataField subTag) noex
     return tagRow(subTag).rawValue;
 }
 
-/// The case that a payload's sub-tag names; absent when it is none of "01" to "22".
+/// The enumerator of a sub-tag as written in a payload; absent unless it is one of "01" to "22".
 constexpr std::optional<PMValidTLV01AdditionalDataField> pmValidTLV01AdditionalDataField(
     std::string_view rawValue) noexcept {
     const int number = twoDigitNumber(rawValue);

@@ -11,8 +11,8 @@
 
 namespace korvo {
 
-// The tags of the one-character format, one row per tag: raw value, case, the field of KorvoPayMerchantTLV
-// that keeps its value, meaning.
+// The tags of the one-character format, one row per tag: raw value, enumerator, the field of
+// KorvoPayMerchantTLV that keeps the value, meaning.
 // clang-format off
 #define KORVO_TLV00_TAGS(KEPT)                                                                  \
     KEPT("0", MerchantID, korvoMerchantID, "Merchant identifier")                               \
@@ -35,7 +35,7 @@ enum class PayMerchantValidTLV00 : unsigned char {
 #undef KORVO_KEPT
 };
 
-/// What each case is called; position i is case i.
+/// The rows of the tags, in the order of the enumerators.
 inline constexpr std::array tlv00TagRows{
 #define KORVO_KEPT(rawValue, name, field, meaning) TagRow{rawValue, meaning},
     KORVO_TLV00_TAGS(KORVO_KEPT)
@@ -55,7 +55,7 @@ constexpr std::string_view rawValue(PayMerchantValidTLV00 tag) noexcept {
 
 namespace detail {
 
-// For each ASCII character the number of its row, counted from 1; 0 for none.
+// The row number of each ASCII character, counted from 1; 0 for a character that is not a tag.
 inline constexpr std::array<unsigned char, 128> tlv00RowNumbers = [] {
     std::array<unsigned char, 128> numbers{};
     for (std::size_t i = 0; i < tlv00TagRows.size(); ++i) {
@@ -78,9 +78,9 @@ constexpr bool areCharactersOfTheirOwn() noexcept {
 
 }  // namespace detail
 
-static_assert(detail::areCharactersOfTheirOwn(), "each raw value is one character, and no other row's");
+static_assert(detail::areCharactersOfTheirOwn(), "each raw value is one upper-case character and unique");
 
-/// The case that a tag in upper case names; absent when there is none.
+/// The enumerator of a tag in upper case; absent when there is no such tag.
 constexpr std::optional<PayMerchantValidTLV00> payMerchantValidTLV00(std::string_view rawValue) noexcept {
     const auto character = rawValue.size() == 1 ? static_cast<unsigned char>(rawValue[0]) : 0U;
     const unsigned number =
@@ -88,7 +88,8 @@ constexpr std::optional<PayMerchantValidTLV00> payMerchantValidTLV00(std::string
     return number == 0 ? std::nullopt : std::optional(static_cast<PayMerchantValidTLV00>(number - 1));
 }
 
-/// The same for a tag in either letter case. No character outside ASCII has an upper case that is a tag.
+/// The same for a tag in either letter case. Converting ASCII is enough: no character outside ASCII has a tag
+/// as its upper case.
 constexpr std::optional<PayMerchantValidTLV00> payMerchantValidTLV00InEitherCase(
     std::string_view tag) noexcept {
     if (tag.size() != 1) {

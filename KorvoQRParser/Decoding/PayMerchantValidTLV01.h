@@ -10,9 +10,9 @@
 
 namespace korvo {
 
-// The root tags of the two-digit format, one row per tag: raw value, case, the field of KorvoPayMerchantTLV
-// that keeps its value, meaning. A DROPPED tag is accepted, and its value is not kept; to keep it, make its
-// row a KEPT one with a field.
+// The root tags of the two-digit format, one row per tag: raw value, enumerator, the field of
+// KorvoPayMerchantTLV that keeps the value, meaning. A DROPPED tag is accepted, but its value is not kept. To
+// keep it, make the row a KEPT one with a field.
 // clang-format off
 #define KORVO_TLV01_TAGS(KEPT, DROPPED)                                                          \
     KEPT("00", PayloadFormatIndicator, payloadFormatIndicator, "Payload format indicator")       \
@@ -80,7 +80,7 @@ namespace korvo {
     KEPT("62", AdditionalDataField, additionalDataField, "Additional data field")                \
     KEPT("63", CRC, crc, "Checksum")
 
-/// The root tags of the two-digit format, in the order of their numbers.
+/// The root tags of the two-digit format, in numeric order.
 enum class PayMerchantValidTLV01 : unsigned char {
 #define KORVO_KEPT(rawValue, name, field, meaning) name,
 #define KORVO_DROPPED(rawValue, name) name,
@@ -89,7 +89,7 @@ enum class PayMerchantValidTLV01 : unsigned char {
 #undef KORVO_KEPT
 };
 
-/// What each case is called; position i is case i.
+/// The rows of the tags, in the order of the enumerators.
 inline constexpr std::array tlv01TagRows{
 #define KORVO_KEPT(rawValue, name, field, meaning) TagRow{rawValue, meaning},
 #define KORVO_DROPPED(rawValue, name) TagRow{rawValue, "Not kept"},
@@ -110,7 +110,7 @@ constexpr std::string_view rawValue(PayMerchantValidTLV01 tag) noexcept {
     return tagRow(tag).rawValue;
 }
 
-/// The case that a payload's tag names; absent when it is none of "00" to "63".
+/// The enumerator of a tag as written in a payload; absent unless it is one of "00" to "63".
 constexpr std::optional<PayMerchantValidTLV01> payMerchantValidTLV01(std::string_view rawValue) noexcept {
     const int number = twoDigitNumber(rawValue);
     if (number < 0 || number >= static_cast<int>(tlv01TagRows.size())) {

@@ -3,11 +3,12 @@
 
 namespace korvo {
 
-/// Why a payload cannot be split into elements. Callers of the library see code "0" for each of them.
+/// The reasons why a payload cannot be split into elements. Callers of the library see code "0" for each of
+/// them.
 enum class TLVDecodingError {
-    InvalidLength,     ///< fewer than two characters, or, from decodeTLV, any fault in an element's shape
-    InvalidTagLength,  ///< an element's tag, length field or value does not fit what is left of the text
-    RepeatedTag,       ///< a tag stands twice on one level
+    InvalidLength,     ///< fewer than two characters; decodeTLV also reports InvalidTagLength as this
+    InvalidTagLength,  ///< a bad length field, an element cut short, or bytes that are not UTF-8
+    RepeatedTag,       ///< a tag occurs twice on one level
     InvalidTag,        ///< an unknown tag, or a two-digit payload that does not end with its checksum
 };
 

@@ -7,11 +7,11 @@ namespace korvo {
 
 namespace {
 
-// The longest UTF-8 code point. A digit, in either letter case, is one code point.
+// The length of the longest UTF-8 code point. A digit is one code point, in either letter case.
 constexpr std::size_t maxDigitBytes = 4;
 
-// Which bit stands for a tag; negative for none. Only tags of two digits or of one ASCII character have one:
-// no other is known to any holder, and decoding ends at the first unknown tag.
+// The bit of a tag in the set of seen tags; negative when it has none. Only tags of two digits or of one
+// ASCII character have a bit: every other tag is unknown, and decoding ends at the first unknown tag.
 int seenTagBit(std::string_view tag) {
     if (tag.size() == 1) {
         return static_cast<unsigned char>(asciiLowerCase(tag[0]));
@@ -60,12 +60,12 @@ bool TLVElementReader::isRepeated(std::string_view tag) noexcept {
 }
 
 std::int64_t TLVFormat::readLength(std::string_view field) const noexcept {
-    // Nearly every length field, without the general parse.
+    // Nearly every length field takes this path, which avoids the general parse.
     if (const int number = twoDigitNumber(field); number >= 0) {
         return number;
     }
-    // The lower case of a letter outside ASCII may be a digit of base 36: the Kelvin sign's is "k". A text
-    // this short needs no memory of its own, so nothing can be thrown.
+    // A letter outside ASCII may have a digit of base 36 as its lower case: that of the Kelvin sign is "k". A
+    // string this short fits into its small buffer, so nothing can be thrown.
     if (fieldWidth == 1 && field.size() > 1 && field.size() <= maxDigitBytes) {
         return parseInteger(lowerCased(field), lengthRadix).value_or(-1);
     }

@@ -12,35 +12,35 @@
 
 namespace korvo {
 
-/// What tells one level of a payload from another: how wide a tag and a length field are, and which lengths
-/// are allowed.
+/// The shape of the elements on one level of a payload: the width of tags and length fields, and the allowed
+/// lengths.
 struct TLVFormat {
-    std::size_t fieldWidth;      ///< characters of a tag, and of a length field
+    std::size_t fieldWidth;      ///< length of a tag, and of a length field, in characters
     int lengthRadix;             ///< base of the number in the length field
-    std::int64_t minimumLength;  ///< the shortest value's characters
+    std::int64_t minimumLength;  ///< length of the shortest value, in characters
 
-    /// The number in a length field; negative when it holds none, which is below every shortest length.
+    /// The number in a length field. Negative, and so below every minimum, when the field is not a number.
     std::int64_t readLength(std::string_view field) const noexcept;
 };
 
-/// The format of payloads that begin with "00", and of what is inside tag 62.
+/// The format of payloads that begin with "00", and of the elements inside tag 62.
 inline constexpr TLVFormat twoDigitFormat{2, 10, 1};
 /// The format of all other payloads. Its tags and lengths may be written in either letter case.
 inline constexpr TLVFormat oneCharacterFormat{1, 36, 0};
 
-/// One element, as views into the text it was read from.
+/// One element, as views into the text that it was read from.
 struct TLVElement {
     std::string_view tag;     ///< as written
     std::string_view length;  ///< as written
     CountedText value;
 };
 
-/// Reads a text's elements one after the other: the one place that knows the shape of an element, in either
-/// format. It checks that shape and that no tag of its level is repeated, and knows nothing about which tags
-/// there are.
+/// Reads the elements of one level, one after the other. Only this class knows the shape of an element, in
+/// either format. It checks that shape, and that no tag is repeated on its level. It does not know which tags
+/// exist.
 class TLVElementReader {
   public:
-    /// Reads what `characters` has not taken yet.
+    /// Reads the text that `characters` has not taken yet. The text must outlive the reader and its elements.
     TLVElementReader(const CharacterReader& characters, const TLVFormat& format) noexcept
         : characters_(characters), format_(format) {}
 
@@ -49,11 +49,12 @@ class TLVElementReader {
     /// Whether all elements have been read.
     bool atEnd() const noexcept { return characters_.atEnd(); }
 
-    /// What has not been read: after a fault, from the part of the element that is wrong.
+    /// The unread text. After a fault it begins after the parts of the element that were read.
     std::string_view rest() const noexcept { return characters_.rest(); }
 
-    /// Reads the next element into `element`. On a fault, InvalidTagLength or RepeatedTag, the parts that
-    /// were read before it have been filled in, and the reader must not be used to read on.
+    /// Reads the next element into `element`. Returns the fault, InvalidTagLength or RepeatedTag; absent on
+    /// success. After a fault, `element` holds the parts that were read, its other parts are empty, and the
+    /// reader must not be used again.
     [[nodiscard]] std::optional<TLVDecodingError> next(TLVElement& element) noexcept;
 
   private:

@@ -12,8 +12,8 @@
 
 namespace korvo {
 
-/// Is told what a walk over a payload meets: each element with a known tag, from left to right. The whole of
-/// tag 62 comes first, then the elements inside it.
+/// Receives each element with a known tag during a walk over a payload, from left to right. Tag 62 comes
+/// first as a whole, then the elements inside it follow.
 class TLVVisitor {
   public:
     virtual void visit(PayMerchantValidTLV01 tag, const TLVElement& element) = 0;
@@ -27,21 +27,23 @@ class TLVVisitor {
     ~TLVVisitor() = default;
 };
 
-/// Why and where a walk ended early.
+/// The fault that ended a walk, and its place.
 struct TLVFault {
     TLVDecodingError error;
-    TLVFormat format;             ///< of the level that the fault is on
+    TLVFormat format;             ///< of the level with the fault
     bool isInsideAdditionalData;  ///< whether that level is inside tag 62
-    TLVElement element;           ///< the parts of the faulty element that were read; the others are empty
-    std::string_view rest;        ///< the unread text from the faulty part to the end of its level
+    TLVElement element;           ///< the faulty element: the parts that were read, the others empty
+    std::string_view rest;        ///< the text after those parts, to the end of the level
 };
 
-/// Whether a payload is in the two-digit format. Absent when it is shorter than any payload.
+/// Whether a payload is in the two-digit format, that is, begins with "00". Absent when its first two
+/// characters are missing or not valid UTF-8.
 std::optional<bool> isTwoDigitPayload(std::string_view payload) noexcept;
 
-/// Walks over a payload of either format: reads its elements, opens tag 62, and ends at the first fault,
-/// which it returns; absent on success. This is the only place that knows how elements make up a payload.
-/// Linear in the payload's length; throws only what the visitor throws.
+/// Walks over a payload of either format: reads its elements, opens tag 62, and stops at the first fault,
+/// which it returns; absent on success. A two-digit payload without a checksum at its end has the fault
+/// InvalidTag, with its last element. Only the walk knows how elements make up a payload. Takes linear time
+/// and throws only what the visitor throws.
 [[nodiscard]] std::optional<TLVFault> walkPayload(std::string_view payload, TLVVisitor& visitor);
 
 /// The same for a payload known to be in the two-digit format.

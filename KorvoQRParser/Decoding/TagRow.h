@@ -7,13 +7,13 @@
 
 namespace korvo {
 
-/// A tag of one of the three tag lists, for people.
+/// A tag in one of the three tag lists, with its meaning for people.
 struct TagRow {
     std::string_view rawValue;  ///< as written in a payload, letters in upper case
     std::string_view meaning;   ///< a few words of plain English
 };
 
-/// The number that exactly two ASCII decimal digits write; negative for any other text.
+/// The number written as exactly two ASCII digits; negative for any other text.
 constexpr int twoDigitNumber(std::string_view text) noexcept {
     if (text.size() != 2) {
         return -1;
@@ -23,8 +23,8 @@ constexpr int twoDigitNumber(std::string_view text) noexcept {
     return tens <= 9 && ones <= 9 ? static_cast<int>(10 * tens + ones) : -1;
 }
 
-/// Whether the rows' raw values are consecutive two-digit numbers, so that a tag's case can be computed from
-/// its number.
+/// Whether the rows' raw values are consecutive two-digit numbers, so that a tag's enumerator can be computed
+/// from its number.
 template <std::size_t count>
 constexpr bool areConsecutive(const std::array<TagRow, count>& rows) noexcept {
     const int first = twoDigitNumber(rows.front().rawValue);
@@ -49,7 +49,7 @@ constexpr std::array<char, 200> twoDigitTexts = [] {
 
 }  // namespace detail
 
-/// A number below 100 as two decimal digits. The text is static.
+/// A number as two decimal digits, in static storage. The number must be below 100; this is not checked.
 constexpr std::string_view twoDigitText(unsigned number) {
     return {detail::twoDigitTexts.data() + std::size_t{2} * number, 2};
 }

@@ -7,8 +7,8 @@
 namespace korvo::TipAndFeeIndicator {
 
 inline constexpr std::string_view tip = "01";         ///< the consumer is asked for a tip
-inline constexpr std::string_view fixedFee = "02";    ///< a convenience fee is added
-inline constexpr std::string_view percentage = "03";  ///< a convenience fee in per cent is added
+inline constexpr std::string_view fixedFee = "02";    ///< a fixed convenience fee is added
+inline constexpr std::string_view percentage = "03";  ///< a convenience fee is added as a percentage
 
 constexpr bool isKnown(std::string_view indicator) noexcept {
     return indicator == tip || indicator == fixedFee || indicator == percentage;

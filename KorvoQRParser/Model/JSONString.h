@@ -6,8 +6,9 @@
 
 namespace korvo {
 
-/// Adds `text` to `json` as a JSON string (RFC 8259), in quotes. Valid UTF-8 stays as it is; quotes,
-/// backslashes and controls are escaped.
+/// Appends `text` to `json` as a JSON string (RFC 8259), in quotes. Valid UTF-8 stays as it is; quotes,
+/// backslashes and control characters below U+0020 are escaped. The text must be valid UTF-8; this is not
+/// checked.
 void appendJSONString(std::string& json, std::string_view text);
 
 }  // namespace korvo

@@ -27,7 +27,7 @@ KORVO_QRCODEDATA_PROPERTIES(KORVO_TEXT, KORVO_FLAG)
 #undef KORVO_FLAG
 #undef KORVO_TEXT
 
-// Not defaulted in the class: make_shared would then clear the whole record before constructing it.
+// Not defaulted in the class, because make_shared would then clear the whole record before constructing it.
 QRCodeData::QRCodeData() noexcept = default;
 
 bool operator==(const QRCodeData& left, const QRCodeData& right) {
@@ -36,7 +36,7 @@ bool operator==(const QRCodeData& left, const QRCodeData& right) {
                                                [](const QRCodeDataPropertyRow& row) { return row.isFlag; }));
     static_assert(
         QRCodeData::flagCount == flags && QRCodeData::textCount == qrCodeDataProperties.size() - flags,
-        "QRCodeData.h counts the rows of QRCodeDataProperties.h");
+        "textCount and flagCount in QRCodeData.h count the rows of QRCodeDataProperties.h");
     return left.texts_ == right.texts_ && left.flags_ == right.flags_;
 }
 

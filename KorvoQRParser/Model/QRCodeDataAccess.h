@@ -10,8 +10,8 @@
 
 namespace korvo {
 
-/// Reads and writes a record's properties by their index. A text must be asked for with the index of a text,
-/// a flag with the index of a flag.
+/// Reads and writes a record's properties by their index. `text` needs the index of a text, and `flag` and
+/// `setFlag` that of a flag; this is not checked.
 class QRCodeDataAccess {
   public:
     static const std::optional<std::string>& text(const QRCodeData& data,
@@ -26,8 +26,8 @@ class QRCodeDataAccess {
         return data.flags_[propertyRow(property).slot];
     }
 
-    /// A mandatory identifier is supplied by the consumer, so setting its flag to true also removes the value
-    /// that the payload carried in its place.
+    /// The consumer supplies a mandatory identifier, so setting its flag to true also removes the value that
+    /// the payload carried in its place.
     static void setFlag(QRCodeData& data, QRCodeDataProperty property, bool value) noexcept {
         data.flags_[propertyRow(property).slot] = value;
         if (value && property == QRCodeDataProperty::isPrimaryIDMandatory) {

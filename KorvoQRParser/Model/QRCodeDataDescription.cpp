@@ -12,8 +12,8 @@ namespace {
 
 using Property = QRCodeDataProperty;
 
-// The lines in their order. Readers know the text by its lines: npciid1 has two, npciid2 and
-// additionalDataField have none.
+// The lines in their order, on which readers rely: npciid1 has two, npciid2 and additionalDataField have
+// none.
 // clang-format off
 constexpr std::array lines{
     Property::korvoMerchantID,
@@ -95,7 +95,7 @@ constexpr bool hasItsLines(const QRCodeDataPropertyRow& row) {
     return std::count(lines.begin(), lines.end(), row.index) == wanted;
 }
 static_assert(std::all_of(qrCodeDataProperties.begin(), qrCodeDataProperties.end(), hasItsLines),
-              "a new property needs its place among the lines");
+              "every property needs its place among the lines");
 
 }  // namespace
 

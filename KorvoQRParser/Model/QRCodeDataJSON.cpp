@@ -17,7 +17,7 @@ bool isASCII(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-// Whether `holds` is true of every text of the record that is not absent.
+// Whether `holds` is true for every text that is present.
 template <class Texts>
 bool allTexts(const Texts& texts, bool (*holds)(std::string_view)) {
     return std::all_of(texts.begin(), texts.end(),

@@ -8,7 +8,8 @@
 namespace korvo {
 
 // The properties of QRCodeData, one row each, in the order of their JSON members: the name, and the name as
-// the setter spells it. Everything that handles all properties runs over this list or is checked against it.
+// the setter spells it. All code that handles every property iterates over this list or is checked against
+// it.
 // clang-format off
 #define KORVO_QRCODEDATA_PROPERTIES(TEXT, FLAG)                                            \
     TEXT(korvoMerchantID, KorvoMerchantID)                                                 \
@@ -93,11 +94,11 @@ enum class QRCodeDataProperty : unsigned char {
 struct QRCodeDataPropertyRow {
     std::string_view name;
     QRCodeDataProperty index;
-    bool isFlag;         ///< a flag, or a text that may be absent
-    unsigned char slot;  ///< the position among the record's flags, or among its texts
+    bool isFlag;         ///< true for a flag, false for a text that may be absent
+    unsigned char slot;  ///< the position among the record's flags or texts
 };
 
-/// All properties; position i is index i.
+/// All properties, in the order of their indices.
 inline constexpr auto qrCodeDataProperties = [] {
 #define KORVO_TEXT(name, Name) QRCodeDataPropertyRow{#name, QRCodeDataProperty::name, false, 0},
 #define KORVO_FLAG(name, Name) QRCodeDataPropertyRow{#name, QRCodeDataProperty::name, true, 0},

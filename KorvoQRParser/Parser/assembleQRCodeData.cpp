@@ -17,7 +17,7 @@ namespace {
 using TLV = KorvoPayMerchantTLV;
 using Property = QRCodeDataProperty;
 
-// A property that copies a field of the holder, and the flag that says that the value is a placeholder.
+// A field of the holder, the property that it is copied to, and the flag that marks a placeholder.
 struct Source {
     TLV::Value TLV::*field;
     Property text;
@@ -81,7 +81,7 @@ constexpr std::array sources{
 };
 // clang-format on
 
-// Everything else is computed.
+// All other properties are computed.
 constexpr std::array computed{Property::korvoMerchantPAN, Property::primaryIDLength,
                               Property::secondaryIDLength};
 
@@ -104,7 +104,7 @@ PlaceholderTest placeholderTest(const TLV& holder) {
     return [](const CountedText& value) { return beginsWith(value, '?'); };
 }
 
-// All flags of a new record are false, so only placeholders are marked.
+// All flags of a new record are false, so only a placeholder sets one.
 template <std::size_t row>
 void copySource(const TLV& holder, PlaceholderTest isPlaceholder, QRCodeData& data) {
     constexpr Source source = sources[row];
@@ -120,14 +120,15 @@ void copySource(const TLV& holder, PlaceholderTest isPlaceholder, QRCodeData& da
     }
 }
 
-// Unrolled: fifty tests in a row are quicker than a loop over the table.
+// Unrolled, because fifty tests in a row are quicker than a loop over the table.
 template <std::size_t... rows>
 void copySources(const TLV& holder, QRCodeData& data, std::index_sequence<rows...> /*all*/) {
     const PlaceholderTest isPlaceholder = placeholderTest(holder);
     (copySource<rows>(holder, isPlaceholder, data), ...);
 }
 
-// The length that a placeholder identifier announces, in decimal: its second character as a base-27 digit.
+// The length that a placeholder identifier announces, in decimal: its second character as a digit of base 27.
+// Absent when it announces none.
 std::optional<std::string> announcedLength(const TLV::Value& identifier) {
     if (!identifier || !beginsWith(*identifier, '?')) {
         return std::nullopt;

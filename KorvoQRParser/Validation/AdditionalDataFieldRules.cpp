@@ -12,7 +12,8 @@ namespace {
 
 namespace Codes = KorvoErrorConstants;
 
-// The values of tag 62 that have a limit; every other one may be anything that fits into the field.
+// The values of tag 62 with a limited length. Sub-tag 09 has a rule of its own; every other value may be
+// anything that fits into the field.
 using TLV = KorvoPayMerchantTLV;
 constexpr std::array informationFields{&TLV::billNumber,    &TLV::mobileNumber, &TLV::storeID,
                                        &TLV::loyaltyNumber, &TLV::referenceID,  &TLV::consumerID,

@@ -14,9 +14,9 @@ struct Currency {
     std::string_view letters;  ///< alphabetic code
 };
 
-/// The accepted currencies, in the order of their letters. The list is fixed: time, fund and precious-metal
-/// codes belong to it, and so do rows that the standard has changed since (BYR, LTL, MRO, STD, USS, VEF,
-/// ZWD).
+/// The accepted currencies, in the order of their letters. The list is fixed and does not follow ISO 4217. It
+/// includes the codes for funds and precious metals, it keeps rows that the standard has changed since (BYR,
+/// LTL, MRO, STD, USS, VEF, ZWD), and newer currencies (BYN, MRU, STN, VES) are not in it.
 // clang-format off
 inline constexpr auto availableISOCurrencies = std::to_array<Currency>({
     {784, "AED"}, {971, "AFN"}, {  8, "ALL"}, { 51, "AMD"}, {532, "ANG"}, {973, "AOA"}, { 32, "ARS"},
@@ -51,7 +51,7 @@ inline constexpr auto availableISOCurrencies = std::to_array<Currency>({
 /// The row of availableISOCurrencies with this numeric code; null when there is none.
 const Currency* findCurrency(std::int64_t number) noexcept;
 
-/// Whether the platform's locale data knows this ISO 3166-1 two-letter region code. Upper case only.
+/// Whether the platform's locale data has this two-letter code of ISO 3166-1, in upper case.
 bool isISOCountry(std::string_view code);
 
 }  // namespace korvo::ISOCountryCodes

@@ -6,7 +6,7 @@
 /// Characters and values that the scheme's applications share.
 namespace korvo::KorvoBaseConstants {
 
-/// The one character besides digits that an amount may hold.
+/// The only character besides digits that an amount may contain.
 inline constexpr std::string_view periodCharacter = ".";
 
 // Published names that no rule reads. In particular, no maximum is enforced on any amount.

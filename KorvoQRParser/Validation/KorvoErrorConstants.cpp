@@ -14,7 +14,7 @@ constexpr std::array reserved{Codes::primaryIdNotPresentForMerchant, Codes::seco
                               Codes::secondaryIdNoSubscriberIdForMerchant,
                               Codes::additionalDataFieldTagCount};
 
-// The number that a code writes in the shortest way; negative for any other text.
+// The number that a code writes without leading zeros; negative for any other text.
 constexpr int numberOf(std::string_view code) {
     int number = code.empty() || (code.size() > 1 && code.front() == '0') ? -1 : 0;
     for (const char c : code) {
@@ -23,7 +23,8 @@ constexpr int numberOf(std::string_view code) {
     return number;
 }
 
-// A published number is never used again, so every number up to the last belongs to one code.
+// A published number is never used again, so every number up to the last belongs to exactly one code, in the
+// catalogue or reserved.
 constexpr bool isInOrderWithoutGaps() {
     int wanted = 0;
     const auto skipReserved = [&wanted] {

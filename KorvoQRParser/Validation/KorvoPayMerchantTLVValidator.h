@@ -13,11 +13,11 @@
 
 namespace korvo {
 
-/// Checks a decoded payload against the scheme's rules and collects the codes of those that it violates, each
-/// once, in the order of first raising. Rules never stop the run.
+/// Checks a decoded payload against the scheme's rules and collects the codes of the rules that it violates,
+/// each once, in the order in which they were first raised. No rule stops the run.
 ///
-/// The two dispatchers (validatePayMerchantTLV) may be called on one instance from any number of threads: a
-/// lock makes each of them one step, the copy of its codes included. All other operations are for one thread
+/// The two dispatchers (validatePayMerchantTLV) may be called on one instance from any number of threads:
+/// each of them runs its rules and copies the codes under one lock. All other operations are for one thread
 /// at a time.
 class KorvoPayMerchantTLVValidator {
   public:
@@ -35,35 +35,39 @@ class KorvoPayMerchantTLVValidator {
     bool isDiggingDeepTLVRequired() const noexcept { return isDiggingDeepTLVRequired_; }
     void setIsDiggingDeepTLVRequired(bool value) noexcept { isDiggingDeepTLVRequired_ = value; }
 
-    /// Runs the rule set that the payload format indicator asks for, without the checksum: absent, the one
-    /// for the one-character format; present, the one for the two-digit format; present but empty, none,
-    /// which leaves the codes of the run before as they are. A null holder raises nothing.
+    /// Runs the rule set that the payload format indicator selects, without the checksum, and returns its
+    /// codes. An absent indicator selects the rules of the one-character format, a present one those of the
+    /// two-digit format. A present but empty indicator selects none, so the codes of the previous run stay
+    /// and are returned. A null holder raises nothing.
     ErrorCodes validatePayMerchantTLV(const KorvoPayMerchantTLV* holder);
 
-    /// The same, followed in the two-digit format by the checksum of the whole payload text, `tlvString`; an
-    /// absent text is not checked.
+    /// The same, but in the two-digit format the checksum of the whole payload text, `tlvString`, is checked
+    /// last. An absent text is not checked.
     ErrorCodes validatePayMerchantTLV(const KorvoPayMerchantTLV* holder, Payload tlvString);
 
-    /// The rules of the one-character format, from an empty list of codes.
+    /// Clears the codes and runs the rules of the one-character format. A null holder raises nothing.
     const ErrorCodes& validatePayMerchantTLV00(const KorvoPayMerchantTLV* holder);
 
-    /// The rules of the two-digit format, from an empty list of codes.
+    /// Clears the codes and runs the rules of the two-digit format, without the checksum. A null holder
+    /// raises nothing.
     const ErrorCodes& validatePayMerchantTLV01(const KorvoPayMerchantTLV* holder);
 
-    /// The merchant identifier's rule. True when the list now holds none of that rule's codes, "1" to "5".
+    /// Runs the rule of the merchant identifier, which adds to the codes. True when the list then contains
+    /// none of that rule's codes, "1" to "5".
     bool validateMerchantID(const Value& merchantID);
 
-    /// The transaction amount's rule. True when it raised nothing.
+    /// Runs the rule of the transaction amount, which adds to the codes. True when the rule raised nothing,
+    /// as for an absent amount.
     bool validateAmount(const Value& amount);
 
     void resetErrorCodes() noexcept { errorCodes_.clear(); }
 
   private:
-    friend class TipAndFeeIndicatorTypes;  // the tests look at the published names
+    friend class TipAndFeeIndicatorTypes;  // the tests read the published names
 
     /// The meanings of the tip or fee indicators "01", "02" and "03", their published names in the order of
-    /// the cases, and the case of a name (absent for any other text). The rules compare the indicators
-    /// themselves.
+    /// the enumerators, and the enumerator of a name (absent for any other text). No rule uses them: the
+    /// rules compare the indicators themselves.
     enum class TipAndFeeIndicatorType : unsigned char { Tip, Fee, Percentage };
     static constexpr auto tipAndFeeIndicatorTypes =
         std::to_array<std::string_view>({"Tip", "Fee", "Percentage"});
@@ -76,19 +80,20 @@ class KorvoPayMerchantTLVValidator {
         return std::nullopt;
     }
 
-    /// What an amount must be, and the codes for what it is not.
+    /// The limits of an amount, and the codes that are raised when it breaks them.
     struct AmountRule {
         std::size_t longest;                 ///< in characters
         bool (*isCorrect)(double) noexcept;  ///< whether the number itself is allowed
-        std::string_view invalidLength;      ///< raised for a letter too
-        std::string_view incorrectValue;     ///< also when the text is no number
-        std::string_view specialCharacters;  ///< for other than letters, digits and points
-        std::string_view withoutValue;
+        std::string_view invalidLength;      ///< also for a letter
+        std::string_view incorrectValue;     ///< also for a text that is not a number
+        std::string_view specialCharacters;  ///< for characters other than letters, digits and points
+        std::string_view withoutValue;       ///< for an empty text
     };
 
-    /// What an identifier that may be a placeholder must be, and the codes for what it is not.
+    /// The limits of an identifier that may be a placeholder, and the codes that are raised when it breaks
+    /// them.
     struct IdentifierRule {
-        std::string_view pattern;  ///< what follows the "?" of a placeholder
+        std::string_view pattern;  ///< for the text after the "?" of a placeholder
         std::string_view invalidLength;
         std::string_view withoutValue;
         std::string_view invalidFormat;

@@ -22,9 +22,9 @@ bool isDigits(const CountedText& text, std::size_t count) {
     return text.characterCount() == count && consistsOfCharactersOf(text.text(), decimalDigits());
 }
 
-// The Luhn test over the identifier as the account number that it stands for: one of 7 to 15 characters is
-// widened to 16 by zeros after its sixth. Zeros add nothing to the sum; they only move the first six
-// characters, so the widened text is never built.
+// The Luhn test of the account number that belongs to an identifier: one of 7 to 15 characters is widened to
+// 16 with zeros after its sixth. Zeros add nothing to the sum and only move the first six characters, so the
+// widened text is never built.
 bool passesLuhnTest(const CountedText& merchantID) {
     using namespace MerchantAccountNumber;
     const std::size_t length = merchantID.characterCount();
@@ -93,7 +93,7 @@ void KorvoPayMerchantTLVValidator::validateCurrencyCode(const Value& currencyCod
         addErrorCode(Codes::currencyCodeNotPresent);
         return;
     }
-    // Digits of other scripts are digits, but no number that the table could hold.
+    // Digits of other scripts pass isDigits but not parseInteger, so they raise the code too.
     const auto number = isDigits(*currencyCode, 3) ? parseInteger(currencyCode->text(), 10) : std::nullopt;
     if (!number || ISOCountryCodes::findCurrency(*number) == nullptr) {
         addErrorCode(Codes::currencyCodeInvaidLength);
@@ -115,7 +115,7 @@ void KorvoPayMerchantTLVValidator::validateTransactionAmount(const Value& transa
 }
 
 bool KorvoPayMerchantTLVValidator::validateAmount(const Value& amount) {
-    // A code that an earlier rule left must not hide that this one raises it too.
+    // A code that is already in the list must not hide that this rule raises it too.
     ErrorCodes earlier = std::exchange(errorCodes_, {});
     validateTransactionAmount(amount);
     const ErrorCodes raised = std::exchange(errorCodes_, std::move(earlier));
@@ -129,7 +129,7 @@ void KorvoPayMerchantTLVValidator::validateCountryCode(const Value& countryCode)
     if (!countryCode) {
         addErrorCode(Codes::countryCodeNotPresent);
     } else if (!ISOCountryCodes::isISOCountry(countryCode->text())) {
-        // Every code of the list is two letters, so this covers a wrong length and other characters.
+        // Every code in the list is two letters, so this covers a wrong length and wrong characters too.
         addErrorCode(Codes::countryCodeInvalidLengthOrCharacters);
     }
 }

@@ -3,7 +3,8 @@
 
 #include <string_view>
 
-/// What may follow the "?" of a placeholder identifier: the length that it announces, as one character.
+/// The patterns for the text after the "?" of a placeholder identifier: one character, which announces a
+/// length.
 namespace korvo::StringConstants {
 
 inline constexpr std::string_view PRIMARY_ID_REGEX = "^[1-9a-qA-Q]";

@@ -3,12 +3,12 @@
 
 namespace korvo {
 
-/// An ASCII capital's small letter; any other byte unchanged. No locale is asked.
+/// The lower case of an ASCII letter; any other byte unchanged. Independent of the locale.
 constexpr char asciiLowerCase(char c) noexcept {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
 }
 
-/// An ASCII small letter's capital; any other byte unchanged.
+/// The upper case of an ASCII letter; any other byte unchanged. Independent of the locale.
 constexpr char asciiUpperCase(char c) noexcept {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
 }

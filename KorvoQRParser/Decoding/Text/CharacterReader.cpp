@@ -14,19 +14,20 @@ namespace korvo {
 
 namespace {
 
-// Instead of an offset: the bytes are no text.
+// A sentinel instead of an offset: the bytes cannot be read as text.
 constexpr std::size_t noText = std::string_view::npos;
 
-// How far ahead one look for plain characters goes: longer than any payload in use, short enough that a huge
-// text whose beginning already tells the answer costs nothing.
+// How far one scan for plain characters looks ahead. That is longer than any payload in use, and short enough
+// that a huge text costs nothing when its beginning already decides the answer.
 constexpr std::size_t plainWindow = 4096;
 
-// A byte that is a character of its own whenever ASCII follows it. CR is not: CR LF is one character.
+// Whether a byte is a whole character when the next byte is ASCII too. CR is not, because CR LF is one
+// character.
 bool isPlain(char byte) noexcept {
     return static_cast<unsigned char>(byte) < 0x80 && byte != '\r';
 }
 
-// isPlain for eight bytes at once; may say false where a CR stands beside them, never true wrongly.
+// isPlain for eight bytes at once: no byte has its high bit set, and none is CR.
 bool areEightPlain(const char* bytes) noexcept {
     constexpr std::uint64_t ones = 0x0101010101010101U;
     constexpr std::uint64_t highBits = ones << 7U;
@@ -37,13 +38,13 @@ bool areEightPlain(const char* bytes) noexcept {
     return ((word | highWhereZero) & highBits) == 0;
 }
 
-// How a code point joins its neighbours, as far as every version of UAX #29 agrees on it.
+// How a code point joins its neighbours, as far as all versions of UAX #29 agree.
 enum class Joining : unsigned char {
-    none,       // joins nothing but the marks behind it
-    control,    // joins nothing at all, but for CR LF
-    mark,       // joins what stands before it, and nothing behind it but other marks
-    complex,    // everything else, for the Unicode library to decide
-    malformed,  // no code point
+    none,       // joins only the marks that follow it
+    control,    // joins nothing, except that CR LF is one character
+    mark,       // joins the character before it and, after it, only other marks
+    complex,    // everything else; the Unicode library decides
+    malformed,  // not a code point
 };
 
 Joining joiningOf(std::int32_t codePoint) noexcept {
@@ -82,8 +83,8 @@ bool isCRLF(const CodePoint& first, const CodePoint& second) noexcept {
     return first.value == '\r' && second.value == '\n';
 }
 
-// Where the character at `start` ends, if that can be said without the Unicode library: an ordinary code
-// point with its marks, or a control. Otherwise `start` itself.
+// The end of the character at `start`, if it can be found without the Unicode library: an ordinary code point
+// with its marks, or a control. Otherwise `start` itself.
 std::size_t endOfSimpleCharacter(std::string_view text, std::size_t start) noexcept {
     const CodePoint first(text, start);
     if (!first.standsAlone()) {
@@ -103,8 +104,8 @@ std::size_t endOfSimpleCharacter(std::string_view text, std::size_t start) noexc
     return end;
 }
 
-// Where the stretch ends that begins at `start` and can be cut on its own: before the second of two code
-// points that stand alone. Malformed when there are bytes on the way that are no code point.
+// The end of the stretch that begins at `start` and can be cut on its own. It ends between two code points
+// that both stand alone. noText when it contains bytes that are not a code point.
 std::size_t endOfStretch(std::string_view text, std::size_t start) noexcept {
     CodePoint previous(text, start);
     while (previous.joining != Joining::malformed && previous.end < text.size()) {
@@ -117,8 +118,8 @@ std::size_t endOfStretch(std::string_view text, std::size_t start) noexcept {
     return previous.joining == Joining::malformed ? noText : previous.end;
 }
 
-// Cuts up to `count` characters off the beginning of a stretch, lowers `count` by those cut, and returns the
-// bytes that they take. Malformed when the Unicode library refuses, as it does beyond 2 GiB.
+// Cuts up to `count` characters off the beginning of a stretch, subtracts their number from `count`, and
+// returns their length in bytes. noText when the Unicode library refuses, as it does beyond 2 GiB.
 std::size_t cutStretch(UBreakIterator* iterator, std::string_view stretch, std::size_t& count) {
     if (iterator == nullptr || stretch.size() > std::numeric_limits<std::int32_t>::max()) {
         return noText;
@@ -153,7 +154,7 @@ std::int32_t nextCodePointBeyondASCII(std::string_view text, std::size_t& offset
     return codePoint;
 }
 
-// Sets plainEnd_ to the end of the characters from `from` on that are one byte each, as far as one look goes.
+// Sets plainEnd_ to the end of the run of one-byte characters that begins at `from`, as far as one scan goes.
 void CharacterReader::findPlainRun(std::size_t from) noexcept {
     const std::size_t limit = from + std::min(text_.size() - from, plainWindow);
     std::size_t end = from;
@@ -163,14 +164,15 @@ void CharacterReader::findPlainRun(std::size_t from) noexcept {
     while (end < limit && isPlain(text_[end])) {
         ++end;
     }
-    // What follows the run may be a mark that joins its last byte.
+    // A mark that follows the run would join its last byte.
     if (end > from && end < text_.size() && static_cast<unsigned char>(text_[end]) >= 0x80) {
         --end;
     }
     plainEnd_ = end;
 }
 
-// Takes `count` characters, of which at least one lies behind the plain run; false when there are fewer.
+// Takes `count` characters, at least one of them after the plain run. Takes nothing and returns false when
+// there are fewer.
 bool CharacterReader::skip(std::size_t count) noexcept {
     const std::size_t plainEndBefore = plainEnd_;
     std::size_t end = offset_;

@@ -8,11 +8,12 @@
 
 namespace korvo {
 
-/// What nextCodePoint does where the text's byte at the offset is not ASCII.
+/// The part of nextCodePoint for a byte outside ASCII.
 std::int32_t nextCodePointBeyondASCII(std::string_view text, std::size_t& offset) noexcept;
 
-/// Reads the code point at a byte offset and moves the offset behind it. Negative when the bytes there are
-/// not well-formed UTF-8. The offset must lie before the text's end.
+/// Reads the code point at a byte offset and moves the offset past it. Negative when the bytes there are not
+/// well-formed UTF-8; the offset moves past them too. The offset must be less than the text's size; this is
+/// not checked.
 inline std::int32_t nextCodePoint(std::string_view text, std::size_t& offset) noexcept {
     const auto byte = static_cast<unsigned char>(text[offset]);
     if (byte < 0x80) {
@@ -32,16 +33,17 @@ inline bool isUTF8(std::string_view text) noexcept {
     return true;
 }
 
-/// Takes a UTF-8 text apart into user-perceived characters (extended grapheme clusters, UAX #29), from left
-/// to right, looking at no more of the text than the characters asked for.
+/// Splits a UTF-8 text into user-perceived characters (extended grapheme clusters, UAX #29), from left to
+/// right. It looks ahead by a bounded window, or to the end of the code points that may join the last
+/// character taken.
 ///
-/// The whole walk is linear in the length of what was taken, and allocates nothing of its own. One reader
-/// belongs to one thread; the text must outlive it.
+/// Taking characters costs time linear in the length of the text taken, and the reader itself allocates
+/// nothing. One reader belongs to one thread, and the text must outlive it.
 class CharacterReader {
   public:
     explicit CharacterReader(std::string_view text) noexcept : text_(text) { findPlainRun(0); }
 
-    /// Reads a text whose bytes are known to be one character each, which saves looking for that.
+    /// A reader for a text whose bytes are known to be one character each, which saves the scan for them.
     static CharacterReader ofPlainText(std::string_view text) noexcept {
         CharacterReader reader;
         reader.text_ = text;
@@ -49,17 +51,17 @@ class CharacterReader {
         return reader;
     }
 
-    /// Whether everything has been taken.
+    /// Whether the whole text has been taken.
     bool atEnd() const noexcept { return offset_ == text_.size(); }
 
-    /// How many bytes have been taken.
+    /// The number of bytes that have been taken.
     std::size_t offset() const noexcept { return offset_; }
 
-    /// What has not been taken.
+    /// The text that has not been taken.
     std::string_view rest() const noexcept { return text_.substr(offset_); }
 
-    /// The next `count` characters. Absent when fewer remain or the bytes on the way are not valid UTF-8;
-    /// then nothing has been taken.
+    /// Takes the next `count` characters. Absent, with nothing taken, when fewer remain or when bytes before
+    /// their end are not valid UTF-8.
     [[nodiscard]] std::optional<std::string_view> take(std::size_t count) noexcept {
         const std::size_t start = offset_;
         if (count <= plainEnd_ - start) {
@@ -77,13 +79,13 @@ class CharacterReader {
 
     std::string_view text_;
     std::size_t offset_ = 0;
-    // From the offset to here, each byte is one character.
+    // Every byte from the offset to here is one character.
     std::size_t plainEnd_ = 0;
-    // Where the stretch ends that the Unicode library is cutting, so that it is looked for only once.
+    // The end of the stretch that the Unicode library is cutting, kept so that it is searched for only once.
     std::size_t stretchEnd_ = 0;
 };
 
-/// How many characters the text has, up to the first byte that is not valid UTF-8.
+/// The number of characters in the text, up to the first byte that is not valid UTF-8.
 std::size_t characterCount(std::string_view text) noexcept;
 
 }  // namespace korvo

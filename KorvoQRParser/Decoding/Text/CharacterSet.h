@@ -8,8 +8,8 @@
 
 namespace korvo {
 
-/// A set of Unicode code points: whole general categories, and single ones. A value; all operations may be
-/// called from any thread.
+/// A set of Unicode code points: whole general categories and single code points. A plain value: any number
+/// of threads may use one set while none changes it.
 class CharacterSet {
   public:
     /// The ten ASCII digits; no other Unicode digit is a member.
@@ -32,7 +32,8 @@ class CharacterSet {
     /// Adds all members of `other`.
     CharacterSet& formUnionWith(const CharacterSet& other);
 
-    /// Whether a code point is a member. Negative numbers, which stand for malformed bytes, never are.
+    /// Whether a code point is a member. A negative number, which nextCodePoint returns for malformed bytes,
+    /// never is.
     bool contains(std::int32_t codePoint) const {
         const auto position = static_cast<std::uint32_t>(codePoint);
         return position < ascii_.size() ? ascii_[position] : containsBeyondASCII(codePoint);
@@ -43,7 +44,7 @@ class CharacterSet {
     void insert(std::int32_t codePoint);
     bool containsBeyondASCII(std::int32_t codePoint) const;
 
-    // ASCII members have a table of their own, so that the usual text never asks the Unicode data.
+    // ASCII members have a table of their own, so that an ordinary text needs no lookup in the Unicode data.
     std::array<bool, 128> ascii_{};
     std::uint32_t categories_ = 0;
     std::vector<std::int32_t> others_;

@@ -9,8 +9,8 @@
 
 namespace korvo {
 
-/// A borrowed UTF-8 text that knows how many user-perceived characters (UAX #29) it has. Decoding counts them
-/// while it cuts a value out of the payload; the rules, which are mostly about lengths, need not count again.
+/// A view of a UTF-8 text, with its number of user-perceived characters (UAX #29). Decoding counts them while
+/// it cuts a value out of the payload, so the rules, which are mostly about lengths, need not count again.
 class CountedText {
   public:
     CountedText() noexcept = default;
@@ -20,7 +20,7 @@ class CountedText {
     CountedText(const char* text) : CountedText(std::string_view(text)) {}                  // NOLINT
     CountedText(const std::string& text) : CountedText(std::string_view(text)) {}           // NOLINT
 
-    /// For callers that have counted already.
+    /// For callers that know the count already; it is not checked.
     CountedText(std::string_view text, std::size_t characterCount) noexcept
         : text_(text), characterCount_(characterCount) {}
 
@@ -28,15 +28,15 @@ class CountedText {
     std::size_t characterCount() const noexcept { return characterCount_; }
     bool empty() const noexcept { return text_.empty(); }
 
-    /// Whether each byte is one character, so that bytes may be counted and compared instead.
+    /// Whether each byte is one character, so that bytes can be counted and compared instead of characters.
     bool isPlain() const noexcept { return characterCount_ == text_.size(); }
 
-    /// Reads the text character by character.
+    /// A reader for the characters of the text.
     CharacterReader characters() const noexcept {
         return isPlain() ? CharacterReader::ofPlainText(text_) : CharacterReader(text_);
     }
 
-    /// Texts compare by code points, with no normalisation.
+    /// Compares by code points, without normalisation.
     friend bool operator==(const CountedText& left, std::string_view right) noexcept {
         return left.text_ == right;
     }

@@ -18,11 +18,11 @@ struct CloseICU {
     void operator()(UText* text) const noexcept { utext_close(text); }
 };
 
-/// An ICU object that is closed with its owner.
+/// Owns an ICU object and closes it.
 template <class Object>
 using ICUHandle = std::unique_ptr<Object, CloseICU>;
 
-/// Shows valid UTF-8 to ICU without copying it; `storage` and the bytes must outlive the handle.
+/// Opens valid UTF-8 as an ICU text without copying it. `storage` and the bytes must outlive the handle.
 inline ICUHandle<UText> openUTF8(UText& storage, std::string_view text, UErrorCode& status) {
     return ICUHandle<UText>(
         utext_openUTF8(&storage, text.data(), static_cast<std::int64_t>(text.size()), &status));

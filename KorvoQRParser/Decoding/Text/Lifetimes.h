@@ -7,12 +7,12 @@
 
 namespace korvo {
 
-/// Holds an object that is never destroyed. For function-local statics: the destructors of a caller's global
-/// objects, and threads that outlive main, may still parse.
+/// Holds an object that is never destroyed. It is meant for function-local statics: the destructors of a
+/// caller's global objects, and threads that outlive main, may still parse.
 template <class Object>
 class NeverDestroyed {
   public:
-    /// Holds what `make` returns, which must not throw.
+    /// Holds the object that `make` returns. `make` must not throw.
     template <class Make>
     explicit NeverDestroyed(Make make) noexcept : object_(new (storage_.data()) Object(make())) {}
     NeverDestroyed(const NeverDestroyed&) = delete;
@@ -26,9 +26,9 @@ class NeverDestroyed {
     Object* object_;
 };
 
-/// Calls `use` with a `Cache` and returns its result: the calling thread's own one, which is made when the
-/// thread first asks and kept until it ends. What the thread still does after that, as its other objects are
-/// being destroyed, gets one that lives as long as the call.
+/// Calls `use` with the calling thread's own `Cache` and returns the result. The cache is made when the
+/// thread first asks for it and lives until the thread ends. A call after that, from the destructor of
+/// another object, gets a cache that lives only as long as the call.
 template <class Cache, class Use>
 auto withThreadCache(Use use) {
     thread_local bool isGone = false;

@@ -15,7 +15,7 @@ namespace korvo {
 
 namespace {
 
-// The compiled pattern of this thread's last call: callers come with the same one again and again.
+// The compiled pattern of this thread's last call, because callers use the same pattern again and again.
 struct CompiledPattern {
     void compile(std::string_view wanted) {
         if (expression != nullptr && pattern == wanted) {
@@ -33,19 +33,19 @@ struct CompiledPattern {
     UErrorCode status = U_ZERO_ERROR;
 };
 
-// The reason in plain words why a pattern does not compile.
+// The reason why a pattern does not compile, in plain words.
 const char* reasonOf(UErrorCode status) {
     switch (status) {
         case U_REGEX_MISSING_CLOSE_BRACKET:
             return "a set of characters has no closing bracket";
         case U_REGEX_MISMATCHED_PAREN:
-            return "a parenthesis has no counterpart";
+            return "its parentheses do not match";
         case U_REGEX_BAD_ESCAPE_SEQUENCE:
             return "a backslash is followed by a character that has no meaning there";
         case U_REGEX_BAD_INTERVAL:
         case U_REGEX_MAX_LT_MIN:
         case U_REGEX_NUMBER_TOO_BIG:
-            return "the numbers in braces are no range";
+            return "the numbers in braces are not a valid range";
         case U_REGEX_INVALID_RANGE:
             return "a range of characters ends before it begins";
         default:
@@ -53,7 +53,7 @@ const char* reasonOf(UErrorCode status) {
     }
 }
 
-// The value of each digit of any radix up to 36; 36 for a byte that is not a digit.
+// The value of each byte as a digit of radix 36; 36 for a byte that is not a digit.
 constexpr std::array<std::uint8_t, 256> digitValues = [] {
     std::array<std::uint8_t, 256> values{};
     values.fill(36);
@@ -79,7 +79,7 @@ bool beginsWith(const CountedText& text, char character) {
 }
 
 std::string_view droppingLastCharacters(std::string_view text, std::size_t count) noexcept {
-    // Where the tail and the byte before it are plain, the tail's bytes are its characters.
+    // If the tail and the byte before it are plain, each byte of the tail is one character.
     if (text.size() > count) {
         const std::string_view tail = text.substr(text.size() - count - 1);
         if (std::all_of(tail.begin(), tail.end(), [](char c) { return c > '\r' && c <= '~'; })) {
@@ -153,7 +153,7 @@ std::optional<std::int64_t> parseInteger(std::string_view text, int radix) noexc
     if (text.empty()) {
         return std::nullopt;
     }
-    // Counting downwards for negative numbers, which reach one further than positive ones.
+    // Negative numbers count downwards, because they reach one further than positive ones.
     const std::int64_t sign = isNegative ? -1 : 1;
     std::int64_t number = 0;
     for (const char c : text) {
@@ -171,7 +171,7 @@ std::optional<double> parseDecimal(std::string_view text) noexcept {
     const char* const end = text.data() + text.size();
     const auto [parsed, error] = std::from_chars(text.data(), end, number);
     if (error == std::errc::result_out_of_range && parsed == end) {
-        // Beyond a double's range strtod goes on with infinity, or with zero.
+        // Outside a double's range strtod returns infinity or zero.
         const bool isHuge = text.substr(0, text.find('.')).find_first_not_of('0') != std::string_view::npos;
         return isHuge ? std::numeric_limits<double>::infinity() : 0.0;
     }

@@ -16,10 +16,10 @@ namespace korvo {
 /// Whether the text's first character is this ASCII character, with no mark joined to it.
 bool beginsWith(const CountedText& text, char character);
 
-/// The text without its last `count` characters; empty when it has no more than those.
+/// The text without its last `count` characters; empty when it has no more than that.
 std::string_view droppingLastCharacters(std::string_view text, std::size_t count) noexcept;
 
-/// The single character at `offset`; absent when the text has no character there. A negative offset is a
+/// The one character at `offset`; absent when the text has no character there. A negative offset is a
 /// programming error and stops the program.
 [[nodiscard]] std::optional<std::string_view> substringFromOffset(std::ptrdiff_t offset,
                                                                   const CountedText& text);
@@ -30,22 +30,23 @@ std::string_view droppingLastCharacters(std::string_view text, std::size_t count
                                                     const CountedText& text);
 
 /// Whether the ICU regular expression matches anywhere in the text. A pattern that does not compile matches
-/// nowhere, and one line on standard output says why, in quotes.
+/// nothing, and one line on standard output gives the reason, in quotes.
 [[nodiscard]] bool matchesRegex(std::string_view text, std::string_view pattern);
 
-/// The text in lower case, by Unicode's full mappings of the root locale.
+/// The text in lower case, by the full Unicode mappings of the root locale.
 [[gnu::cold]] std::string lowerCased(std::string_view text);
 
-/// The integer that the whole text writes: one optional sign, then at least one ASCII digit of the radix (2
-/// to 36, letters in either case). Absent for any other text and for what does not fit 64 bits.
+/// The integer in a text that consists of one optional sign and at least one ASCII digit of the radix (2 to
+/// 36, letters in either case). Absent for any other text, and for a number that does not fit into 64 bits
+/// with a sign.
 [[nodiscard]] std::optional<std::int64_t> parseInteger(std::string_view text, int radix) noexcept;
 
-/// The number that the whole text, of ASCII digits and points, writes, as strtod reads it in the C locale.
-/// Absent when it is no number.
+/// The number in a text of ASCII digits and points, as strtod reads it in the C locale. Absent unless the
+/// whole text is a number.
 [[nodiscard]] std::optional<double> parseDecimal(std::string_view text) noexcept;
 
-/// Prints "KorvoQRParser: <operation>: <reason>" to standard error and ends the program, in every build: a
-/// caller's mistake that has no right answer must not get a wrong one.
+/// Prints "KorvoQRParser: <operation>: <reason>" to standard error and aborts, in every build. A caller's
+/// mistake that has no right answer must not get a wrong one.
 [[noreturn]] void stopProgram(const char* operation, const char* reason) noexcept;
 
 }  // namespace korvo

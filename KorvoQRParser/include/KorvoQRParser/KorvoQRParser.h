@@ -5,9 +5,9 @@
 /// The one header to include.
 
 /// @mainpage
-/// KorvoQRParser reads the text of a merchant-presented payment QR code: it splits the text into
-/// tag-length-value elements, checks every element against the scheme's rules, and answers with the
-/// merchant's record or with the codes of all the rules that the text violates.
+/// KorvoQRParser reads the text of a merchant-presented payment QR code. It splits the text into
+/// tag-length-value elements, checks every element against the scheme's rules, and returns either the
+/// merchant's record or the codes of all rules that the text violates.
 ///
 /// KorvoQRParser/KorvoQRParser.h is the one header to include:
 ///
@@ -18,7 +18,7 @@
 ///         show(response.qrCodeError()->errorCodes());
 ///     }
 ///
-/// Start at QRCodeParser; QRCodeData is the record, KorvoErrorConstants.h lists the codes.
+/// Start with QRCodeParser. QRCodeData is the record, and KorvoErrorConstants.h lists the codes.
 
 #include <KorvoQRParser/KorvoQRParserExport.h>
 #include <KorvoQRParser/KorvoQRParserVersion.h>
@@ -29,7 +29,7 @@
 #include <KorvoQRParser/Parser/QRCodeParserResponse.h>
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 
-/// The library as C++ programs see it.
+/// The library's C++ interface.
 namespace korvo {}
 
 #endif

@@ -13,7 +13,8 @@ extern "C" {
 /// The library's major version as a number: 1.0.
 KORVO_EXPORT extern const double KorvoQRParserVersionNumber;
 
-/// The library's version as what(1) finds it in a binary; one line with its line feed, NUL-terminated.
+/// The library's version string in the form that what(1) finds in a binary: one line, ended by a line feed,
+/// NUL-terminated.
 KORVO_EXPORT extern const char KorvoQRParserVersionString[];
 
 #ifdef __cplusplus

@@ -11,94 +11,106 @@
 
 namespace korvo {
 
-/// The record of an accepted payload: every value that the code carried, under a fixed name, and flags for
-/// those that the consumer must supply.
+/// The record of an accepted payload: the values that the payload carried, each under a fixed name, and flags
+/// for the values that the consumer must supply. The values of the root tags 16 to 51 are not kept.
 ///
 /// After a parse these are always present: korvoMerchantID, korvoMerchantPAN, merchantName,
 /// merchantCategoryCode, cityName, countryCode and currencyCode; in the two-digit format also
 /// payloadFormatIndicator and crc.
 ///
-/// A merchant leaves a value to the consumer by a placeholder: "***" in the two-digit format, "?" and the
-/// length as one character in the one-character format. Its flag (isBillIDMandatory and so on) is then true.
-/// The value itself stays in the record as received, but for primaryID and secondaryID, which become absent.
+/// A merchant leaves a value to the consumer with a placeholder. In the two-digit format the placeholder is
+/// "***", for the sub-tags 01 to 08 and 11 to 14 of tag 62. In the one-character format it is "?", alone or
+/// followed by one character that announces a length, for primaryID and secondaryID. A placeholder sets the
+/// flag of its value (isBillIDMandatory and so on) to true. The placeholder itself stays in the record as
+/// received, except that primaryID and secondaryID become absent.
 ///
-/// A getter returns std::nullopt when the payload did not carry the value; a present but empty value is an
-/// empty string, never std::nullopt. Texts are UTF-8, lengths count user-perceived characters (UAX #29). Tags
-/// are those of the two-digit format, then, in quotes, of the one-character format. A new record has every
-/// text absent and every flag false.
+/// A getter returns std::nullopt when the payload did not carry the value; a value that is present but empty
+/// is an empty string. Texts are UTF-8, and lengths count user-perceived characters (extended grapheme
+/// clusters, UAX #29). Each comment names the tag in the two-digit format and then, in quotes, the tag in the
+/// one-character format. The limits in the comments hold after a parse. A value without stated limits is kept
+/// as received, and no rule checks it. A new record has every text absent and every flag false.
 ///
-/// The record checks nothing: setters store what they are given. Two of them also change another property
-/// (setIsPrimaryIDMandatory, setIsSecondaryIDMandatory); no other one does. The caller owns the record and
-/// the library never changes it again; a reference that a getter returned lives until the property is set or
-/// the record goes. Records are independent values; threads that share one and write to it need a lock of
-/// their own.
+/// The record checks nothing: setters store what they are given. Only setIsPrimaryIDMandatory and
+/// setIsSecondaryIDMandatory also change another property. Nothing is thrown except std::bad_alloc, by copies
+/// and renderings. The caller owns the record, and the library never changes it again. The reference that a
+/// getter returns is valid as long as the record and follows every change of the property; a view of its
+/// string is valid until the property changes.
+///
+/// Records are independent values. Threads that share one record need their own lock if any of them writes to
+/// it.
 class KORVO_EXPORT QRCodeData {
   public:
-    /// Every text absent, every flag false.
+    /// Makes a record with every text absent and every flag false.
     QRCodeData() noexcept;
 
-    /// The record as one JSON object of 70 string members, one a line, indented by two spaces: an absent text
-    /// is "nil", a flag "true" or "false". The empty text when any value holds a character outside ASCII.
-    /// When a value that a caller set is not valid UTF-8, the empty text too, and one line on standard output
-    /// says so. Made anew on every call, in time linear in the record's size.
+    /// Returns the record as one JSON object of 70 string members, one per line, indented by two spaces, with
+    /// no line feed at the end. An absent text is "nil", so it looks like the text "nil"; a flag is "true" or
+    /// "false". Returns the empty text when any value contains a character outside ASCII. If a value that a
+    /// caller set is not even valid UTF-8, one line on standard output says so. Made anew on every call, in
+    /// time linear in the record's size.
     [[nodiscard]] std::string jsonOutput() const;
 
-    /// The record as 69 lines "name: value", each ended by a line feed: an absent text is nil, a flag true or
-    /// false, nothing is quoted or escaped. npciid1 stands on two lines; npciid2 and additionalDataField
-    /// stand on none. Made anew on every call.
+    /// Returns the record as 69 lines "name: value", each ended by a line feed. An absent text is nil, a flag
+    /// is true or false, and nothing is quoted or escaped. npciid1 appears on two lines; npciid2 and
+    /// additionalDataField do not appear. Made anew on every call, in time linear in the record's size.
     [[nodiscard]] std::string description() const;
 
-    /// Merchant identifier (tag 02; "0" in the one-character format), as received.
+    /// Merchant identifier (tag 02; "0") as received: 8 to 16 ASCII digits, the first of them 4.
     const std::optional<std::string>& korvoMerchantID() const noexcept;
     void setKorvoMerchantID(std::optional<std::string> value) noexcept;
 
-    /// The merchant identifier widened to 16 characters with zeros after its sixth; empty for an identifier
-    /// of six characters or fewer. Derived, absent without korvoMerchantID.
+    /// Account number: the merchant identifier, widened to 16 characters with zeros after its sixth. The
+    /// parse derives it; setKorvoMerchantID does not change it.
     const std::optional<std::string>& korvoMerchantPAN() const noexcept;
     void setKorvoMerchantPAN(std::optional<std::string> value) noexcept;
 
-    /// Merchant name (tag 59; "1"), at most 25 characters.
+    /// Merchant name (tag 59; "1"), 1 to 25 characters.
     const std::optional<std::string>& merchantName() const noexcept;
     void setMerchantName(std::optional<std::string> value) noexcept;
 
-    /// Merchant category code (tag 52; "2"), four digits.
+    /// Merchant category code (tag 52; "2"), four decimal digits of any script (Unicode category Nd).
     const std::optional<std::string>& merchantCategoryCode() const noexcept;
     void setMerchantCategoryCode(std::optional<std::string> value) noexcept;
 
-    /// Merchant city (tag 60; "3"), at most 13 characters.
+    /// Merchant city (tag 60; "3"), 1 to 13 characters.
     const std::optional<std::string>& cityName() const noexcept;
     void setCityName(std::optional<std::string> value) noexcept;
 
-    /// Country (tag 58; "4"), two upper-case letters of ISO 3166-1.
+    /// Country (tag 58; "4"), a two-letter code of ISO 3166-1 in upper case.
     const std::optional<std::string>& countryCode() const noexcept;
     void setCountryCode(std::optional<std::string> value) noexcept;
 
-    /// Transaction currency (tag 53; "5"), three digits of ISO 4217.
+    /// Transaction currency (tag 53; "5"), a numeric code of ISO 4217: three ASCII digits, "008" for 8.
     const std::optional<std::string>& currencyCode() const noexcept;
     void setCurrencyCode(std::optional<std::string> value) noexcept;
 
-    /// Transaction amount (tag 54; "6"), digits with at most one point; absent when the consumer enters it.
+    /// Transaction amount (tag 54; "6"), above zero: ASCII digits with at most one point, which may come
+    /// first or last; at most 12 digits or, with a point, 13 characters. Absent when the consumer enters the
+    /// amount.
     const std::optional<std::string>& transactionAmount() const noexcept;
     void setTransactionAmount(std::optional<std::string> value) noexcept;
 
-    /// Primary identifier (one-character tag "7"); absent when it was a placeholder.
+    /// Primary identifier (one-character tag "7"), 1 to 26 characters; absent when it was a placeholder.
     const std::optional<std::string>& primaryID() const noexcept;
     void setPrimaryID(std::optional<std::string> value) noexcept;
 
-    /// Secondary identifier (one-character tag "8"); absent when it was a placeholder.
+    /// Secondary identifier (one-character tag "8"), 1 to 26 characters; absent when it was a placeholder.
     const std::optional<std::string>& secondaryID() const noexcept;
     void setSecondaryID(std::optional<std::string> value) noexcept;
 
-    /// Tip or convenience fee indicator (tag 55; "9"): "01" prompts for a tip, "02" adds a fixed fee, "03" a
-    /// percentage.
+    /// Tip or convenience fee indicator (tag 55; "9"): "01" asks the consumer for a tip, "02" adds a fixed
+    /// fee, "03" adds a percentage.
     const std::optional<std::string>& tipAndFeeIndicator() const noexcept;
     void setTipAndFeeIndicator(std::optional<std::string> value) noexcept;
 
-    /// Fixed convenience fee (tag 56; "A").
+    /// Fixed convenience fee (tag 56; "A"), above zero: ASCII digits with at most one point, which may come
+    /// first or last; at most 9 characters. When tipAndFeeIndicator is "03" it is kept but not checked,
+    /// because the percentage is the fee.
     const std::optional<std::string>& convenienceFeeAmount() const noexcept;
     void setConvenienceFeeAmount(std::optional<std::string> value) noexcept;
 
-    /// Convenience fee as a percentage, 0.01 to 99.99 (tag 57; "B").
+    /// Convenience fee as a percentage (tag 57; "B"), from 0.01 to 99.99: ASCII digits with at most one
+    /// point, which may come first or last; at most 5 characters.
     const std::optional<std::string>& convenienceFeePercentage() const noexcept;
     void setConvenienceFeePercentage(std::optional<std::string> value) noexcept;
 
@@ -110,7 +122,7 @@ class KORVO_EXPORT QRCodeData {
     const std::optional<std::string>& pointOfInitiation() const noexcept;
     void setPointOfInitiation(std::optional<std::string> value) noexcept;
 
-    /// Postal code (tag 61), at most 10 characters.
+    /// Postal code (tag 61), 1 to 10 characters.
     const std::optional<std::string>& postalCode() const noexcept;
     void setPostalCode(std::optional<std::string> value) noexcept;
 
@@ -130,7 +142,7 @@ class KORVO_EXPORT QRCodeData {
     const std::optional<std::string>& npciid2() const noexcept;
     void setNpciid2(std::optional<std::string> value) noexcept;
 
-    /// The payload's checksum (tag 63), as received.
+    /// The payload's checksum (tag 63) as received, four characters; absent in the one-character format.
     const std::optional<std::string>& crc() const noexcept;
     void setCrc(std::optional<std::string> value) noexcept;
 
@@ -170,43 +182,45 @@ class KORVO_EXPORT QRCodeData {
     const std::optional<std::string>& tag15() const noexcept;
     void setTag15(std::optional<std::string> value) noexcept;
 
-    /// The whole value of the additional data field (tag 62), undecoded.
+    /// The whole value of the additional data field (tag 62) as received. The properties of its sub-tags hold
+    /// its elements.
     const std::optional<std::string>& additionalDataField() const noexcept;
     void setAdditionalDataField(std::optional<std::string> value) noexcept;
 
-    /// Bill number (tag 62, sub-tag 01).
+    /// Bill number (tag 62, sub-tag 01), 1 to 26 characters.
     const std::optional<std::string>& billID() const noexcept;
     void setBillID(std::optional<std::string> value) noexcept;
 
-    /// Mobile number (tag 62, sub-tag 02).
+    /// Mobile number (tag 62, sub-tag 02), 1 to 26 characters.
     const std::optional<std::string>& mobileNumber() const noexcept;
     void setMobileNumber(std::optional<std::string> value) noexcept;
 
-    /// Store identifier (tag 62, sub-tag 03).
+    /// Store identifier (tag 62, sub-tag 03), 1 to 26 characters.
     const std::optional<std::string>& storeID() const noexcept;
     void setStoreID(std::optional<std::string> value) noexcept;
 
-    /// Loyalty number (tag 62, sub-tag 04).
+    /// Loyalty number (tag 62, sub-tag 04), 1 to 26 characters.
     const std::optional<std::string>& loyaltyNumber() const noexcept;
     void setLoyaltyNumber(std::optional<std::string> value) noexcept;
 
-    /// Reference identifier (tag 62, sub-tag 05).
+    /// Reference identifier (tag 62, sub-tag 05), 1 to 26 characters.
     const std::optional<std::string>& referenceID() const noexcept;
     void setReferenceID(std::optional<std::string> value) noexcept;
 
-    /// Consumer identifier (tag 62, sub-tag 06).
+    /// Consumer identifier (tag 62, sub-tag 06), 1 to 26 characters.
     const std::optional<std::string>& consumerID() const noexcept;
     void setConsumerID(std::optional<std::string> value) noexcept;
 
-    /// Terminal identifier (tag 62, sub-tag 07).
+    /// Terminal identifier (tag 62, sub-tag 07), 1 to 26 characters.
     const std::optional<std::string>& terminalID() const noexcept;
     void setTerminalID(std::optional<std::string> value) noexcept;
 
-    /// Purpose of the transaction (tag 62, sub-tag 08).
+    /// Purpose of the transaction (tag 62, sub-tag 08), 1 to 26 characters.
     const std::optional<std::string>& purpose() const noexcept;
     void setPurpose(std::optional<std::string> value) noexcept;
 
-    /// Which consumer data the merchant asks for (tag 62, sub-tag 09): letters of "AME".
+    /// Consumer data that the merchant asks for (tag 62, sub-tag 09): one to three of the letters A
+    /// (address), M (mobile number) and E (e-mail address), in any order and possibly repeated.
     const std::optional<std::string>& additionalConsumerDataRequest() const noexcept;
     void setAdditionalConsumerDataRequest(std::optional<std::string> value) noexcept;
 
@@ -262,76 +276,79 @@ class KORVO_EXPORT QRCodeData {
     const std::optional<std::string>& tagSixtyTwo22() const noexcept;
     void setTagSixtyTwo22(std::optional<std::string> value) noexcept;
 
-    /// The consumer must supply the primary identifier. Setting it to true makes primaryID absent.
+    /// Whether the consumer must supply the primary identifier. Setting it to true makes primaryID absent.
     bool isPrimaryIDMandatory() const noexcept;
     void setIsPrimaryIDMandatory(bool value) noexcept;
 
-    /// The consumer must supply the secondary identifier. Setting it to true makes secondaryID absent.
+    /// Whether the consumer must supply the secondary identifier. Setting it to true makes secondaryID
+    /// absent.
     bool isSecondaryIDMandatory() const noexcept;
     void setIsSecondaryIDMandatory(bool value) noexcept;
 
-    /// Length that a placeholder primary identifier announces, as decimal text, "1" to "26".
+    /// The length that a placeholder primary identifier announces, as decimal text from "1" to "26"; absent
+    /// when it announces none.
     const std::optional<std::string>& primaryIDLength() const noexcept;
     void setPrimaryIDLength(std::optional<std::string> value) noexcept;
 
-    /// Length that a placeholder secondary identifier announces, as decimal text, "1" to "26".
+    /// The length that a placeholder secondary identifier announces, as decimal text from "1" to "26"; absent
+    /// when it announces none.
     const std::optional<std::string>& secondaryIDLength() const noexcept;
     void setSecondaryIDLength(std::optional<std::string> value) noexcept;
 
-    /// The consumer must supply the bill number.
+    /// Whether the consumer must supply the bill number.
     bool isBillIDMandatory() const noexcept;
     void setIsBillIDMandatory(bool value) noexcept;
 
-    /// The consumer must supply the mobile number.
+    /// Whether the consumer must supply the mobile number.
     bool isMobileNumberMandatory() const noexcept;
     void setIsMobileNumberMandatory(bool value) noexcept;
 
-    /// The consumer must supply the store identifier.
+    /// Whether the consumer must supply the store identifier.
     bool isStoreIDMandatory() const noexcept;
     void setIsStoreIDMandatory(bool value) noexcept;
 
-    /// The consumer must supply the loyalty number.
+    /// Whether the consumer must supply the loyalty number.
     bool isLoyaltyNumberMandatory() const noexcept;
     void setIsLoyaltyNumberMandatory(bool value) noexcept;
 
-    /// The consumer must supply the reference identifier.
+    /// Whether the consumer must supply the reference identifier.
     bool isReferenceIDMandatory() const noexcept;
     void setIsReferenceIDMandatory(bool value) noexcept;
 
-    /// The consumer must supply the consumer identifier.
+    /// Whether the consumer must supply the consumer identifier.
     bool isConsumerIDMandatory() const noexcept;
     void setIsConsumerIDMandatory(bool value) noexcept;
 
-    /// The consumer must supply the terminal identifier.
+    /// Whether the consumer must supply the terminal identifier.
     bool isTerminalIDMandatory() const noexcept;
     void setIsTerminalIDMandatory(bool value) noexcept;
 
-    /// The consumer must supply the purpose.
+    /// Whether the consumer must supply the purpose.
     bool isPurposeMandatory() const noexcept;
     void setIsPurposeMandatory(bool value) noexcept;
 
-    /// The consumer must supply the additional consumer data; false after every parse, as the rules refuse a
-    /// placeholder there. The spelling is the published name.
+    /// Whether the consumer must supply the additional consumer data. Always false after a parse, because the
+    /// rules refuse a placeholder there. The misspelled name is the published one.
     bool isAdditonalConsumerDataRequestMandatory() const noexcept;
     void setIsAdditonalConsumerDataRequestMandatory(bool value) noexcept;
 
-    /// The consumer must supply addDataMasterCard1.
+    /// Whether the consumer must supply addDataMasterCard1.
     bool isAddDataMasterCard1Mandatory() const noexcept;
     void setIsAddDataMasterCard1Mandatory(bool value) noexcept;
 
-    /// The consumer must supply addDataMasterCard2.
+    /// Whether the consumer must supply addDataMasterCard2.
     bool isAddDataMasterCard2Mandatory() const noexcept;
     void setIsAddDataMasterCard2Mandatory(bool value) noexcept;
 
-    /// The consumer must supply addDataNpci1.
+    /// Whether the consumer must supply addDataNpci1.
     bool isAddDataNpci1Mandatory() const noexcept;
     void setIsAddDataNpci1Mandatory(bool value) noexcept;
 
-    /// The consumer must supply addDataNpci2.
+    /// Whether the consumer must supply addDataNpci2.
     bool isAddDataNpci2Mandatory() const noexcept;
     void setIsAddDataNpci2Mandatory(bool value) noexcept;
 
-    /// True when all 70 properties are equal, absent and empty texts being different.
+    /// True when all 70 properties are equal. An absent text and an empty text differ.
     friend KORVO_EXPORT bool operator==(const QRCodeData& left, const QRCodeData& right);
     /// The opposite of ==.
     friend KORVO_EXPORT bool operator!=(const QRCodeData& left, const QRCodeData& right);
@@ -346,7 +363,7 @@ class KORVO_EXPORT QRCodeData {
     std::array<bool, flagCount> flags_{};
 };
 
-/// Prints the record's description.
+/// Writes the record's description to the stream.
 KORVO_EXPORT std::ostream& operator<<(std::ostream& stream, const QRCodeData& data);
 
 }  // namespace korvo

@@ -9,26 +9,27 @@
 
 namespace korvo {
 
-/// Why a payload was refused: the codes of the rules that it violates.
+/// The error of a refused payload: the codes of the rules that it violates.
 ///
-/// Those that a parse answers with have at least one code, and each code once. The class itself is a plain
-/// value: it keeps exactly the list that it was given, unsorted and unfiltered. There is no default
-/// constructor, because an error without a list means nothing. Any number of threads may read one object
-/// while none uses the setter.
+/// An error that a parse returns has at least one code, and each code once. The class itself is a plain
+/// value: it keeps exactly the list that it was given, neither sorted nor filtered. There is no default
+/// constructor, because an error without a list means nothing. Any number of threads may read one object as
+/// long as none calls the setter.
 class KORVO_EXPORT QRCodeError {
   public:
-    /// Takes the codes as given; an empty list is kept as an empty list.
+    /// Keeps the codes as given. An empty list stays empty.
     explicit QRCodeError(std::vector<std::string> errorCodes);
 
-    /// The codes, in the order in which the rules raised them; the list lives as long as the error and
-    /// changes with the setter. The names and meanings of the codes are in KorvoErrorConstants.h.
+    /// The codes, decimal numbers as text, in the order in which the rules raised them. The reference is
+    /// valid as long as the error and shows what the setter changes. KorvoErrorConstants.h has the names and
+    /// meanings of the codes.
     const std::vector<std::string>& errorCodes() const noexcept;
 
     /// Replaces the whole list.
     void setErrorCodes(std::vector<std::string> errorCodes);
 
-    /// The codes as one line of text: each code followed by one blank, the last one too ("41 48 "); the
-    /// empty text for an empty list. Made anew on every call.
+    /// The codes as one line of text: each code followed by one space, the last one too ("41 48 "), with no
+    /// line feed. Empty for an empty list. Made anew on every call.
     [[nodiscard]] std::string description() const;
 
   private:
@@ -40,7 +41,7 @@ KORVO_EXPORT bool operator==(const QRCodeError& left, const QRCodeError& right);
 /// The opposite of ==.
 KORVO_EXPORT bool operator!=(const QRCodeError& left, const QRCodeError& right);
 
-/// Prints the error's description.
+/// Writes the error's description to the stream.
 KORVO_EXPORT std::ostream& operator<<(std::ostream& stream, const QRCodeError& error);
 
 }  // namespace korvo

@@ -6,9 +6,9 @@
 
 namespace korvo {
 
-// Every code that a rule names, one row each:
-//     constant, code, tag in the two-digit format, tag in the one-character format, what it means
-// "62/01" is sub-tag 01 inside tag 62; "-" stands where the format has no such tag or no such rule. A code
+// Every code except the reserved ones below, one row each:
+//     constant, code, tag in the two-digit format, tag in the one-character format, meaning
+// "62/01" is sub-tag 01 inside tag 62; "-" means that the format has no such tag or no such rule. A code
 // keeps its number and its name for ever. The misspelled names are the published ones.
 // clang-format off
 #define KORVO_ERROR_CATALOGUE(CODE) \
@@ -28,28 +28,28 @@ namespace korvo {
     CODE(countryCodeNotPresent, "13", "58", "4", "The country code is missing.") \
     CODE(currencyCodeInvaidLength, "14", "53", "5", "The currency code is not 3 digits, or not a known numeric code of ISO 4217.") \
     CODE(currencyCodeNotPresent, "15", "53", "5", "The currency code is missing.") \
-    CODE(transactionAmountInvalidLength, "16", "54", "6", "The transaction amount is empty, longer than 12 digits or than 13 characters with a point, or holds letters.") \
+    CODE(transactionAmountInvalidLength, "16", "54", "6", "The transaction amount is empty, contains a letter, or is longer than 12 digits or, with a point, 13 characters.") \
     CODE(transactionAmountIncorrectValue, "17", "54", "6", "The transaction amount is not a number above zero.") \
     CODE(transactionAmountTagPresentWithoutAmountValue, "18", "54", "6", "The transaction amount is present but empty.") \
-    CODE(transactionAmountContainsSpecialCharacters, "19", "54", "6", "The transaction amount holds something other than digits and a point.") \
-    CODE(primaryIdInvalidLengthOrCharacters, "20", "-", "7", "The primary identifier is empty or longer than 26 characters, or a ? is followed by more than one character.") \
+    CODE(transactionAmountContainsSpecialCharacters, "19", "54", "6", "The transaction amount contains something other than digits and a point.") \
+    CODE(primaryIdInvalidLengthOrCharacters, "20", "-", "7", "The primary identifier is empty or longer than 26 characters, or begins with ? followed by more than one character.") \
     CODE(primaryIdTagPresentWithoutValue, "21", "-", "7", "The primary identifier is present but empty.") \
-    CODE(primaryIdInvalidFormat, "23", "-", "7", "The ? of the primary identifier is followed by something other than 1-9, a-q or A-Q.") \
-    CODE(secondaryIdInvalidLengthOrCharacters, "24", "-", "8", "The secondary identifier is empty or longer than 26 characters, or a ? is followed by anything but one of 1-9, a-q, A-Q.") \
+    CODE(primaryIdInvalidFormat, "23", "-", "7", "The primary identifier begins with ? followed by something other than 1-9, a-q or A-Q.") \
+    CODE(secondaryIdInvalidLengthOrCharacters, "24", "-", "8", "The secondary identifier is empty or longer than 26 characters, or begins with ? followed by something other than a single 1-9, a-q or A-Q.") \
     CODE(secondaryIdTagPresentWithoutValue, "25", "-", "8", "The secondary identifier is present but empty.") \
     CODE(tipAndFeeIndicatorInvalidCriteria, "28", "55", "9", "The tip or fee indicator is not 01, 02 or 03.") \
     CODE(tipAndFeeIndicatorInvalidTagsPresent, "29", "56, 57", "A, B", "A convenience fee is present, but the tip or fee indicator is missing or 01.") \
     CODE(tipAndFeeIndicatorTagPresentWithoutValue, "30", "55", "9", "The tip or fee indicator is present but empty (28 comes first, so no payload raises this one).") \
-    CODE(convenienceFeeAmountInvalidLength, "31", "56", "A", "The convenience fee is empty, longer than 9 characters, or holds letters.") \
+    CODE(convenienceFeeAmountInvalidLength, "31", "56", "A", "The convenience fee is empty, longer than 9 characters, or contains a letter.") \
     CODE(convenienceFeeAmountIncorrectValue, "32", "56", "A", "The convenience fee is not a number above zero.") \
-    CODE(convenienceFeeAmountContainsSpecialCharacters, "33", "56", "A", "The convenience fee holds something other than digits and a point.") \
+    CODE(convenienceFeeAmountContainsSpecialCharacters, "33", "56", "A", "The convenience fee contains something other than digits and a point.") \
     CODE(convenienceFeeTagPresentWithoutValue, "34", "56", "A", "The convenience fee is present but empty.") \
-    CODE(convenienceFeePercentageInvalidLength, "35", "57", "B", "The convenience fee percentage is empty, longer than 5 characters, or holds letters.") \
+    CODE(convenienceFeePercentageInvalidLength, "35", "57", "B", "The convenience fee percentage is empty, longer than 5 characters, or contains a letter.") \
     CODE(convenienceFeePercentageIncorrectValue, "36", "57", "B", "The convenience fee percentage is not a number from 0.01 to 99.99.") \
-    CODE(convenienceFeePercentageContaintsSpecialCharacters, "37", "57", "B", "The convenience fee percentage holds something other than digits and a point.") \
+    CODE(convenienceFeePercentageContaintsSpecialCharacters, "37", "57", "B", "The convenience fee percentage contains something other than digits and a point.") \
     CODE(convenienceFeePercentageTagPresentWithoutValue, "38", "57", "B", "The convenience fee percentage is present but empty.") \
-    CODE(convenienceInvalidTagPresent, "39", "56, 57", "A, B", "The convenience fee that the indicator 02 or 03 asks for is missing, or 02 stands with a percentage.") \
-    CODE(convenienceFeePercentageInvalidTagPresent, "40", "-", "B", "The indicator 03 stands with a fixed convenience fee and without a percentage.") \
+    CODE(convenienceInvalidTagPresent, "39", "56, 57", "A, B", "The tip or fee indicator is 02 or 03 and its convenience fee is missing, or it is 02 and a percentage is present.") \
+    CODE(convenienceFeePercentageInvalidTagPresent, "40", "-", "B", "The tip or fee indicator is 03, but the payload has a fixed convenience fee instead of a percentage.") \
     CODE(payloadFormatIndicatorInvalidLength, "41", "00", "-", "The payload format indicator is not 2 digits.") \
     CODE(payloadFormatIndicatorInvalidValue, "42", "00", "-", "The payload format indicator is not 01.") \
     CODE(postalCodeIndicatorInvalidLength, "43", "61", "-", "The postal code is empty or longer than 10 characters.") \
@@ -59,7 +59,7 @@ namespace korvo {
     CODE(crcInvalidValue, "48", "63", "-", "The checksum is not 4 characters, or is not the checksum of the payload.")
 // clang-format on
 
-/// The error codes by name, as decimal numbers written as text, which is how QRCodeError carries them.
+/// The error codes by name. A code is a decimal number as text, as in QRCodeError.
 namespace KorvoErrorConstants {
 
 #define KORVO_CODE(constant, code, twoDigitTag, oneCharacterTag, meaning) \
@@ -78,17 +78,19 @@ inline constexpr std::string_view additionalDataFieldTagCount = "47";
 
 }  // namespace KorvoErrorConstants
 
-/// One row of the catalogue of error codes. A refused payload's format, and with it the tag to name, can be
-/// told from its beginning: QRCodeParser says how.
+/// One row of the catalogue of error codes. It names the tags that the code concerns, for each format: one
+/// tag ("54", or "62/09" inside tag 62), a list ("56, 57"), a range ("62/01-62/08"), "any" for the whole
+/// payload, or "-" for none. The first two characters of a refused payload tell its format, as QRCodeParser
+/// describes.
 struct ErrorCatalogueEntry {
     std::string_view code;             ///< as in QRCodeError::errorCodes
     std::string_view name;             ///< the constant's name in KorvoErrorConstants
-    std::string_view twoDigitTag;      ///< the tag that it speaks of, in the two-digit format; "-" for none
+    std::string_view twoDigitTag;      ///< the tags concerned in the two-digit format
     std::string_view oneCharacterTag;  ///< the same for the one-character format
     std::string_view meaning;          ///< in plain English, one sentence
 };
 
-/// Every code that a rule names, in the order of the numbers.
+/// The catalogue: every code except the reserved ones, in numeric order.
 inline constexpr std::array errorCatalogue{
 #define KORVO_ENTRY(constant, code, twoDigitTag, oneCharacterTag, meaning) \
     ErrorCatalogueEntry{code, #constant, twoDigitTag, oneCharacterTag, meaning},
@@ -96,8 +98,9 @@ inline constexpr std::array errorCatalogue{
 #undef KORVO_ENTRY
 };
 
-/// The catalogue's row for a code; null for a text that is not a code in it, as a code may be that a newer
-/// shared library raises.
+/// The catalogue's row for a code. Null when the catalogue does not have it: a reserved code, a code that a
+/// newer shared library raises, or any other text. Any number of threads may call it, because the catalogue
+/// is constant.
 constexpr const ErrorCatalogueEntry* findErrorCatalogueEntry(std::string_view code) noexcept {
     for (const ErrorCatalogueEntry& entry : errorCatalogue) {
         if (entry.code == code) {
