@@ -11,20 +11,28 @@ Fault faultIn(const TLVElementReader& elements, TLVDecodingError error, const TL
     return TLVFault{error, elements.format(), isInsideAdditionalData, element, elements.rest()};
 }
 
-Fault walkAdditionalDataField(const CountedText& value, TLVVisitor& visitor) {
-    TLVElementReader elements(value.characters(), twoDigitFormat);
+// The elements of a level on which no tag is opened.
+template <auto findTag>
+Fault walkFlatElements(const CharacterReader& text, const TLVFormat& format, bool isInsideAdditionalData,
+                       TLVVisitor& visitor) {
+    TLVElementReader elements(text, format);
     TLVElement element;
     while (!elements.atEnd()) {
         if (const auto error = elements.next(element)) {
-            return faultIn(elements, *error, element, true);
+            return faultIn(elements, *error, element, isInsideAdditionalData);
         }
-        const auto subTag = pmValidTLV01AdditionalDataField(element.tag);
-        if (!subTag) {
-            return faultIn(elements, TLVDecodingError::InvalidTag, element, true);
+        const auto tag = findTag(element.tag);
+        if (!tag) {
+            return faultIn(elements, TLVDecodingError::InvalidTag, element, isInsideAdditionalData);
         }
-        visitor.visit(*subTag, element);
+        visitor.visit(*tag, element);
     }
     return std::nullopt;
+}
+
+Fault walkAdditionalDataField(const CountedText& value, TLVVisitor& visitor) {
+    return walkFlatElements<pmValidTLV01AdditionalDataField>(value.characters(), twoDigitFormat, true,
+                                                             visitor);
 }
 
 // One function per loop: with both loops in one function, a parse of either format was 5 % slower.
@@ -53,19 +61,7 @@ Fault walkAdditionalDataField(const CountedText& value, TLVVisitor& visitor) {
 }
 
 [[gnu::noinline]] Fault walkOneCharacter(const CharacterReader& payload, TLVVisitor& visitor) {
-    TLVElementReader elements(payload, oneCharacterFormat);
-    TLVElement element;
-    while (!elements.atEnd()) {
-        if (const auto error = elements.next(element)) {
-            return faultIn(elements, *error, element, false);
-        }
-        const auto tag = payMerchantValidTLV00InEitherCase(element.tag);
-        if (!tag) {
-            return faultIn(elements, TLVDecodingError::InvalidTag, element, false);
-        }
-        visitor.visit(*tag, element);
-    }
-    return std::nullopt;
+    return walkFlatElements<payMerchantValidTLV00InEitherCase>(payload, oneCharacterFormat, false, visitor);
 }
 
 std::optional<bool> isTwoDigit(CharacterReader payload) noexcept {
