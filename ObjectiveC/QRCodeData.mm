@@ -35,15 +35,13 @@ struct KorvoQRCodeDataStorage {
     return stringFromText(_storage->record->description());
 }
 
-#define KORVO_TEXT(name, Name)                                                                             \
-    -(NSString*)name {                                                                                     \
-        const auto& text = _storage->record->name();                                                       \
-        return text ? stringFromText(*text) : nil;                                                         \
-    }                                                                                                      \
-    -(void)set##Name : (NSString*)value {                                                                  \
-        _storage->record->set##Name(                                                                       \
-            value == nil ? std::nullopt                                                                    \
-                         : std::optional(textFromString(value, korvo::objectivec::replacementCharacter))); \
+#define KORVO_TEXT(name, Name)                                                                           \
+    -(NSString*)name {                                                                                   \
+        const auto& text = _storage->record->name();                                                     \
+        return text ? stringFromText(*text) : nil;                                                       \
+    }                                                                                                    \
+    -(void)set##Name : (NSString*)value {                                                                \
+        _storage->record->set##Name(value == nil ? std::nullopt : std::optional(textFromString(value))); \
     }
 #define KORVO_FLAG(name, Name)                    \
     -(BOOL)name {                                 \

@@ -168,6 +168,12 @@ static const struct {
     {u"\uFFFExyz", u'4', true},
     {std::u16string(u"\0x\xD83D\xDE00", 4), u'3', true},
     {u"\x7F\x80\u07FF\u0800\uD7FF\uE000\uFFFF\xD800\xDC00\xDBFF\xDFFF", u'9', true},
+    {u"x\xD800", u'2', false},
+    {u"\xDBFFx", u'2', false},
+    {u"\xDC00\xDFFF", u'2', false},
+    {u"\xD7FF\xDC00\xDBFF\xE000", u'4', false},
+    {u"\xD83D\xD83D\xDE00\xDE00", u'3', false},
+    {std::u16string(u"\uFEFF\0\xDBFF", 3), u'3', false},
 };
 
 static void keepsTexts() {

@@ -13,6 +13,7 @@ answers() {
 
 answers 0 "$tests" "$data" << 'END'
 1 @(#)PROGRAM:KorvoQRParser  PROJECT:KorvoSDK-1
+not whole, error: Account could not be serialized into json
 whole
 END
 for each in QRCodeError/initWithErrorCodes: QRCodeParserResponse/initWithQrCodeData:qrCodeError:; do
