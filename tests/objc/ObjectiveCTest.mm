@@ -96,6 +96,7 @@ static void takesNil() {
     QRCodeParserResponse* response = [[[QRCodeParserResponse alloc] initWithQrCodeData:nothing
                                                                            qrCodeError:nothing] autorelease];
     EXPECT(response.qrCodeData == nil && response.qrCodeError == nil);
+    EXPECT([[NSCharacterSet unionAlphaNumericCharacterSetWith:nothing] characterIsMember:'a']);
 }
 
 static void keepsWhatItIsGiven() {
@@ -197,6 +198,27 @@ static void keepsTexts() {
     }
 }
 
+static void hasCharacterSets() {
+    const struct {
+        UTF32Char character;
+        NSString* sets;  // n: numeric, u: united with "*", s: alphanumeric and white space
+    } rows[] = {{'/', @""},      {'0', @"nus"},    {'9', @"nus"},  {':', @""},    {0x0660, @"us"},
+                {0xFF19, @"us"}, {0x1D7CE, @"us"}, {'z', @"us"},   {0xE9, @"us"}, {0x0301, @"us"},
+                {' ', @"s"},     {'\t', @"s"},     {0x2003, @"s"}, {'\n', @""},   {'*', @"u"}};
+    NSCharacterSet* star = [NSCharacterSet characterSetWithCharactersInString:@"*"];
+    NSMutableCharacterSet* united = [NSCharacterSet unionAlphaNumericCharacterSetWith:star];
+    NSCharacterSet* spaced = [NSCharacterSet alphaNumericWhiteSpaceCharacterSet];
+    for (const auto& [character, sets] : rows) {
+        const BOOL isNumeric = [[NSCharacterSet numericCharacterSet] longCharacterIsMember:character];
+        NSString* got = [NSString stringWithFormat:@"%s%s%s", isNumeric ? "n" : "",
+                                                   [united longCharacterIsMember:character] ? "u" : "",
+                                                   [spaced longCharacterIsMember:character] ? "s" : ""];
+        EXPECT_EQUAL(got, sets);
+    }
+    [united removeCharactersInString:@"*"];
+    EXPECT([star characterIsMember:'*']);
+}
+
 static long objectsOfCPlusPlus;
 
 void* operator new(std::size_t size) {
@@ -257,6 +279,7 @@ int main(int /*argc*/, char** argv) {
         CASE(keepsWhatItIsGiven);
         CASE(keepsPropertiesApart);
         CASE(keepsTexts);
+        CASE(hasCharacterSets);
         leavesNothingBehind(@"needsNoPool", needsNoPool);
     }
     std::printf("%g %s", KorvoQRParserVersionNumber,

@@ -29,6 +29,7 @@
 /// pool.
 
 #import <KorvoQRParser/KorvoQRParserVersion.h>
+#import <KorvoQRParser/ObjectiveC/NSCharacterSet+KorvoQRParser.h>
 #import <KorvoQRParser/ObjectiveC/QRCodeData.h>
 #import <KorvoQRParser/ObjectiveC/QRCodeError.h>
 #import <KorvoQRParser/ObjectiveC/QRCodeParser.h>
