@@ -12,6 +12,18 @@ struct KorvoQRCodeDataStorage {
     std::shared_ptr<korvo::QRCodeData> record;
 };
 
+// A method without a declaration in the header compiles; its use does not, here where no method is known yet.
+#define KORVO_USE(name, Name) data.name = other.name;
+// clang-format off
+[[maybe_unused]] static void useEveryProperty(QRCodeData* data, QRCodeData* other) {
+    KORVO_VALUE_PROPERTIES(KORVO_USE)
+    KORVO_IDENTIFIER_FLAG_PROPERTIES(KORVO_USE)
+    KORVO_LENGTH_PROPERTIES(KORVO_USE)
+    KORVO_ADDITIONAL_DATA_FLAG_PROPERTIES(KORVO_USE)
+}
+// clang-format on
+#undef KORVO_USE
+
 @implementation QRCodeData
 
 - (instancetype)init {
@@ -35,15 +47,13 @@ struct KorvoQRCodeDataStorage {
     return stringFromText(_storage->record->description());
 }
 
-#define KORVO_TEXT(name, Name)                                                                             \
-    -(NSString*)name {                                                                                     \
-        const auto& text = _storage->record->name();                                                       \
-        return text ? stringFromText(*text) : nil;                                                         \
-    }                                                                                                      \
-    -(void)set##Name : (NSString*)value {                                                                  \
-        _storage->record->set##Name(                                                                       \
-            value == nil ? std::nullopt                                                                    \
-                         : std::optional(textFromString(value, korvo::objectivec::replacementCharacter))); \
+#define KORVO_TEXT(name, Name)                                                                           \
+    -(NSString*)name {                                                                                   \
+        const auto& text = _storage->record->name();                                                     \
+        return text ? stringFromText(*text) : nil;                                                       \
+    }                                                                                                    \
+    -(void)set##Name : (NSString*)value {                                                                \
+        _storage->record->set##Name(value == nil ? std::nullopt : std::optional(textFromString(value))); \
     }
 #define KORVO_FLAG(name, Name)                    \
     -(BOOL)name {                                 \
@@ -57,15 +67,6 @@ KORVO_QRCODEDATA_PROPERTIES(KORVO_TEXT, KORVO_FLAG)
 
 #undef KORVO_FLAG
 #undef KORVO_TEXT
-
-// A method without a declaration in the header compiles; its use as a property does not.
-#define KORVO_USE(name, Name) data.name = other.name;
-// clang-format off
-[[maybe_unused]] static void useEveryProperty(QRCodeData* data, QRCodeData* other) {
-    KORVO_QRCODEDATA_PROPERTIES(KORVO_USE, KORVO_USE)
-}
-// clang-format on
-#undef KORVO_USE
 
 QRCodeData* korvo::objectivec::newQRCodeData(std::shared_ptr<korvo::QRCodeData> record) {
     if (record == nullptr) {

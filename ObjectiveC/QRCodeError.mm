@@ -17,8 +17,7 @@ std::vector<std::string> codesFromArray(NSArray<NSString*>* array) {
     const NSUInteger count = [array count];
     codes.reserve(count);
     for (NSUInteger i = 0; i < count; ++i) {
-        codes.push_back(korvo::objectivec::textFromString([array objectAtIndex:i],
-                                                          korvo::objectivec::replacementCharacter));
+        codes.push_back(korvo::objectivec::textFromString([array objectAtIndex:i]));
     }
     return codes;
 }

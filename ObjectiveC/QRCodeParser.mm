@@ -9,10 +9,6 @@
 
 namespace {
 
-std::string payloadFromString(NSString* qrCodeString) {
-    return korvo::objectivec::textFromString(qrCodeString, korvo::objectivec::notUTF8);
-}
-
 QRCodeParserResponse* newResponse(const korvo::QRCodeParserResponse& response) NS_RETURNS_RETAINED {
     QRCodeData* data = korvo::objectivec::newQRCodeData(response.qrCodeData());
     QRCodeError* error = korvo::objectivec::newQRCodeError(response.qrCodeError());
@@ -66,7 +62,7 @@ class ResponseOwner {
 @implementation QRCodeParser
 
 + (QRCodeParserResponse*)parseQRDataWithQrCodeString:(NSString*)qrCodeString {
-    const std::string payload = payloadFromString(qrCodeString);
+    const std::string payload = korvo::objectivec::textFromString(qrCodeString);
     return KORVO_AUTORELEASE(newResponse(korvo::QRCodeParser::parseQRData(payload)));
 }
 
@@ -76,7 +72,7 @@ class ResponseOwner {
         return;
     }
     const HandlerCopy handler(completionHandler);
-    const std::string payload = payloadFromString(qrCodeString);
+    const std::string payload = korvo::objectivec::textFromString(qrCodeString);
     korvo::QRCodeParser::parseQRData(payload,
                                      [&handler](const std::optional<korvo::QRCodeParserResponse>& response) {
                                          handler(ResponseOwner(newResponse(*response)).get());

@@ -8,17 +8,13 @@
 
 namespace korvo::objectivec {
 
-/// What takes the place of a surrogate without its other half, which UTF-8 cannot express: in a text that is
-/// kept, the replacement character; in a payload, a byte that makes it no UTF-8, so that the parser refuses
-/// it.
-inline constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
-inline constexpr std::string_view notUTF8 = "\xFF";
+/// The string in UTF-8, NULs included; the empty text for nil. A surrogate without its other half becomes the
+/// three bytes that UTF-8 would use for it, which are not valid UTF-8: the parser refuses them, and JSON
+/// cannot be made of them. Leaves no autoreleased object behind.
+std::string textFromString(NSString* string);
 
-/// The string in UTF-8, NULs included; the empty text for nil. Leaves no autoreleased object behind.
-std::string textFromString(NSString* string, std::string_view loneSurrogate);
-
-/// The text, which must be valid UTF-8, as a string that the caller owns. Every character is kept, a byte
-/// order mark at the start too.
+/// Makes a text of textFromString, or any valid UTF-8, a string that the caller owns. Every code unit is
+/// kept, a byte order mark at the start too.
 NSString* newStringFromText(std::string_view text) NS_RETURNS_RETAINED;
 
 /// The same, autoreleased.

@@ -39,16 +39,52 @@ void appendUTF8(std::string& text, char32_t character) {
     append(0x80U | (character & 0x3FU));
 }
 
-void appendUTF16LittleEndian(std::vector<unsigned char>& bytes, char32_t unit) {
-    bytes.push_back(static_cast<unsigned char>(unit & 0xFFU));
-    bytes.push_back(static_cast<unsigned char>(unit >> 8U));
+char32_t joined(char32_t high, char32_t low) {
+    return 0x10000U + ((high - 0xD800U) << 10U) + (low - 0xDC00U);
+}
+
+// The character at `at`, which moves behind it.
+char32_t takeUTF8(std::string_view text, std::size_t& at) {
+    const auto lead = static_cast<unsigned char>(text[at++]);
+    if (lead < 0x80) {
+        return lead;
+    }
+    const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    char32_t character = lead & (0xFFU >> (length + 1));
+    for (std::size_t i = 1; i < length; ++i) {
+        character = character << 6U | (static_cast<unsigned char>(text[at++]) & 0x3FU);
+    }
+    return character;
+}
+
+// The byte order is named because GNUstep takes a U+FEFF or U+FFFE at the start of UTF-8, or of UTF-16
+// without a named order, as a mark: it drops the character and may swap all others' bytes.
+NSString* newStringOfWholeCharacters(const std::vector<unichar>& units) NS_RETURNS_RETAINED {
+    std::vector<unsigned char> bytes;
+    bytes.reserve(2 * units.size());
+    for (const unichar unit : units) {
+        bytes.push_back(static_cast<unsigned char>(unit & 0xFFU));
+        bytes.push_back(static_cast<unsigned char>(unit >> 8U));
+    }
+    return [[NSString alloc] initWithBytes:bytes.data()
+                                    length:bytes.size()
+                                  encoding:NSUTF16LittleEndianStringEncoding];
+}
+
+// Every initialiser of GNUstep answers a surrogate without its other half with nil.
+NSString* newStringUnitByUnit(const std::vector<unichar>& units) NS_RETURNS_RETAINED {
+    NSMutableString* string = [[NSMutableString alloc] initWithCapacity:units.size()];
+    for (const unichar unit : units) {
+        [string appendFormat:@"%C", unit];
+    }
+    return string;
 }
 
 }  // namespace
 
 // By code units and not by -UTF8String and its kin: those stop at a NUL, or answer a lone surrogate with null
 // on one Foundation and with an exception on another.
-std::string textFromString(NSString* string, std::string_view loneSurrogate) {
+std::string textFromString(NSString* string) {
     std::vector<unichar> units(static_cast<std::size_t>([string length]));
     if (units.empty()) {
         return {};
@@ -57,42 +93,30 @@ std::string textFromString(NSString* string, std::string_view loneSurrogate) {
     std::string text;
     text.reserve(units.size());
     for (std::size_t at = 0; at < units.size(); ++at) {
-        const char32_t unit = units[at];
-        if (isHighSurrogate(unit) && at + 1 < units.size() && isLowSurrogate(units[at + 1])) {
-            ++at;
-            appendUTF8(text, 0x10000U + ((unit - 0xD800U) << 10U) + (units[at] - 0xDC00U));
-        } else if (isHighSurrogate(unit) || isLowSurrogate(unit)) {
-            text += loneSurrogate;
-        } else {
-            appendUTF8(text, unit);
+        char32_t character = units[at];
+        if (isHighSurrogate(character) && at + 1 < units.size() && isLowSurrogate(units[at + 1])) {
+            character = joined(character, units[++at]);
         }
+        appendUTF8(text, character);
     }
     return text;
 }
 
-// The byte order is named because GNUstep takes a U+FEFF or U+FFFE at the start of UTF-8, or of UTF-16
-// without a named order, as a mark: it drops the character and may swap all others' bytes.
 NSString* newStringFromText(std::string_view text) {
-    std::vector<unsigned char> bytes;
-    bytes.reserve(2 * text.size());
+    std::vector<unichar> units;
+    units.reserve(text.size());
+    bool isWhole = true;
     for (std::size_t at = 0; at < text.size();) {
-        const auto lead = static_cast<unsigned char>(text[at]);
-        const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-        char32_t character = length == 1 ? lead : lead & (0xFFU >> (length + 1));
-        for (std::size_t i = 1; i < length; ++i) {
-            character = character << 6U | (static_cast<unsigned char>(text[at + i]) & 0x3FU);
-        }
-        at += length;
+        const char32_t character = takeUTF8(text, at);
         if (character < 0x10000) {
-            appendUTF16LittleEndian(bytes, character);
+            isWhole = isWhole && !isHighSurrogate(character) && !isLowSurrogate(character);
+            units.push_back(static_cast<unichar>(character));
         } else {
-            appendUTF16LittleEndian(bytes, 0xD7C0U + (character >> 10U));
-            appendUTF16LittleEndian(bytes, 0xDC00U + (character & 0x3FFU));
+            units.push_back(static_cast<unichar>(0xD7C0U + (character >> 10U)));
+            units.push_back(static_cast<unichar>(0xDC00U + (character & 0x3FFU)));
         }
     }
-    return [[NSString alloc] initWithBytes:bytes.data()
-                                    length:bytes.size()
-                                  encoding:NSUTF16LittleEndianStringEncoding];
+    return isWhole ? newStringOfWholeCharacters(units) : newStringUnitByUnit(units);
 }
 
 NSString* stringFromText(std::string_view text) {

@@ -120,6 +120,7 @@ if [[ -e $prefix/lib/libKorvoQRParserObjC.a ]]; then
         cmake --build "$work/objc-$kind" > "$work/log"
         "$work/objc-$kind/consumer" "$accepted" | diff "$tests/data/full.txt" -
     done
+    grep -q "NSCharacterSet_KorvoQRParser" <(nm "$work/objc-static/consumer")  # the category came along
 fi
 
 echo "the tool"

@@ -22,12 +22,14 @@
 ///         show(error.errorCodes)
 ///     }
 ///
-/// Texts go in and come out whole, NUL and characters beyond the Basic Multilingual Plane included. Only a
-/// surrogate without its other half is no text: in a payload it makes the payload malformed; in a property or
-/// an error code U+FFFD takes its place. Objects that an operation returns are autoreleased, as usual; the
-/// form with a completion handler leaves none behind, so it suits threads that have no autorelease pool.
+/// Texts go in and come out code unit for code unit: NUL, characters beyond the Basic Multilingual Plane, and
+/// in properties and error codes even a surrogate without its other half. A payload that holds such a half is
+/// malformed, and a record that holds one has no JSON. Objects that an operation returns are autoreleased, as
+/// usual; the form with a completion handler leaves none behind, so it suits threads that have no autorelease
+/// pool.
 
 #import <KorvoQRParser/KorvoQRParserVersion.h>
+#import <KorvoQRParser/ObjectiveC/NSCharacterSet+KorvoQRParser.h>
 #import <KorvoQRParser/ObjectiveC/QRCodeData.h>
 #import <KorvoQRParser/ObjectiveC/QRCodeError.h>
 #import <KorvoQRParser/ObjectiveC/QRCodeParser.h>

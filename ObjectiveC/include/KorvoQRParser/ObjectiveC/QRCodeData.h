@@ -38,8 +38,9 @@ KORVO_EXPORT
 - (instancetype)init NS_DESIGNATED_INITIALIZER;
 
 /// The record as one JSON object of 70 string members, one a line, indented by two spaces: an absent text is
-/// "nil", a flag "true" or "false". The empty text when any value holds a character outside ASCII. Made anew
-/// on every call, in time linear in the record's size.
+/// "nil", a flag "true" or "false". The empty text when any value holds a character outside ASCII; where one
+/// holds a surrogate without its other half, "error: Account could not be serialized into json" is printed on
+/// standard output too. Made anew on every call, in time linear in the record's size.
 @property(nonatomic, readonly, copy) NSString* jsonOutput;
 
 /// The record as 69 lines "name: value", each ended by a line feed: an absent text is nil, a flag true or

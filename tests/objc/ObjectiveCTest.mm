@@ -1,0 +1,288 @@
+// What an application sees of the library: nothing but the one import. Usage: korvo_objc_tests
+// DIRECTORY_OF_DATA, or CLASS for what its -init does
+#undef NDEBUG  // it hides the count of objects
+#import <KorvoQRParser/KorvoQRParserObjC.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <new>
+#include <string>
+
+#import <Foundation/NSDebug.h>
+
+static int failures;
+
+static void expectEqual(id got, id wanted, int line) {
+    if (got != wanted && ![got isEqual:wanted]) {
+        ++failures;
+        NSLog(@"FAILED, line %d\n  wanted: %@\n  got:    %@", line, wanted, got);
+    }
+}
+#define EXPECT_EQUAL(got, wanted) expectEqual((got), (wanted), __LINE__)
+#define EXPECT(condition) EXPECT_EQUAL((condition) ? @"" : @ #condition, @"")
+
+static NSString* directory;
+
+static NSString* contents(NSString* name) {
+    return [NSString stringWithContentsOfFile:[directory stringByAppendingPathComponent:name]
+                                     encoding:NSUTF8StringEncoding
+                                        error:nullptr];
+}
+
+static NSString* withoutLineFeed(NSString* text) {
+    return [text substringToIndex:text.length - 1];
+}
+
+static QRCodeParserResponse* parsed(NSString* payload) {
+    return [QRCodeParser parseQRDataWithQrCodeString:payload];
+}
+
+static void rendersRecords() {
+    QRCodeData* data = parsed(withoutLineFeed(contents(@"full.payload"))).qrCodeData;
+    EXPECT_EQUAL(([NSString stringWithFormat:@"%@", data]), contents(@"full.txt"));
+    EXPECT_EQUAL([data.jsonOutput stringByAppendingString:@"\n"], contents(@"full.json"));
+}
+
+// A copy of the handler is a copy of the token that it holds.
+static void readsPayloadsInBothForms() {
+    NSString* full = withoutLineFeed(contents(@"full.payload"));
+    NSString* rejected = [full stringByReplacingOccurrencesOfString:@"02104" withString:@"02105"];
+    EXPECT_EQUAL(parsed(rejected).qrCodeError.errorCodes, (@[ @"1", @"3", @"48" ]));
+    for (NSString* payload in @[ full, rejected, @"" ]) {
+        QRCodeParserResponse* response = parsed(payload);
+        NSThread* thread = [NSThread currentThread];
+        const auto token = std::make_shared<int>(0);
+        void (^handler)(QRCodeParserResponse*) = ^(QRCodeParserResponse* answer) {
+          EXPECT(++*token == 1 && token.use_count() == 3 && [NSThread currentThread] == thread);
+          EXPECT_EQUAL(answer.qrCodeData.description, response.qrCodeData.description);
+          EXPECT_EQUAL(answer.qrCodeError.errorCodes, response.qrCodeError.errorCodes);
+          EXPECT_EQUAL(parsed(@"").qrCodeError.errorCodes, @[ @"0" ]);
+        };
+        [QRCodeParser parseQRDataWithQrCodeString:payload completionHandler:handler];
+        EXPECT(*token == 1 && token.use_count() == 2);
+        EXPECT((response.qrCodeData == nil) != (response.qrCodeError == nil));
+        EXPECT(response.qrCodeData == response.qrCodeData);
+    }
+}
+
+static void letsExceptionsOfHandlersPass() {
+    const auto token = std::make_shared<int>(0);
+    void (^handler)(QRCodeParserResponse*) = ^(QRCodeParserResponse* response) {
+      ++*token;
+      [NSException raise:@"Thrown" format:@"%@", response];
+    };
+    @try {
+        [QRCodeParser parseQRDataWithQrCodeString:@"" completionHandler:handler];
+    } @catch (NSException* exception) {
+        EXPECT_EQUAL(exception.name, @"Thrown");
+        ++*token;
+    }
+    EXPECT(*token == 2 && token.use_count() == 2);
+}
+
+// Runs without a pool: the form with a handler leaves nothing for one.
+static void needsNoPool() {
+    [QRCodeParser parseQRDataWithQrCodeString:@""
+                            completionHandler:^(QRCodeParserResponse* /*response*/){
+                            }];
+}
+
+static void takesNil() {
+    id nothing = nil;
+    EXPECT_EQUAL(parsed(nothing).qrCodeError.errorCodes, @[ @"0" ]);
+    [QRCodeParser parseQRDataWithQrCodeString:@"" completionHandler:nothing];
+    EXPECT_EQUAL([[[QRCodeError alloc] initWithErrorCodes:nothing] autorelease].errorCodes, @[]);
+    QRCodeParserResponse* response = [[[QRCodeParserResponse alloc] initWithQrCodeData:nothing
+                                                                           qrCodeError:nothing] autorelease];
+    EXPECT(response.qrCodeData == nil && response.qrCodeError == nil);
+    EXPECT([[NSCharacterSet unionAlphaNumericCharacterSetWith:nothing] characterIsMember:'a']);
+}
+
+static void keepsWhatItIsGiven() {
+    NSMutableArray* codes = [NSMutableArray arrayWithObjects:@"48", @"1", @"48", @"", nil];
+    NSArray* given = [[codes copy] autorelease];
+    QRCodeError* error = [[[QRCodeError alloc] initWithErrorCodes:codes] autorelease];
+    [codes removeAllObjects];
+    NSArray* got = error.errorCodes;
+    EXPECT_EQUAL(([NSString stringWithFormat:@"%@", error]), @"48 1 48  ");
+    error.errorCodes = codes;
+    EXPECT_EQUAL(error.description, @"");
+    EXPECT_EQUAL(got, given);
+    QRCodeData* data = [[[QRCodeData alloc] init] autorelease];
+    QRCodeParserResponse* response = [[QRCodeParserResponse alloc] initWithQrCodeData:data qrCodeError:error];
+    EXPECT(response.qrCodeData == data && response.qrCodeError == error);
+    EXPECT(data.retainCount == 2 && error.retainCount == 2);
+    [response release];
+}
+
+// Each property alone is changed, seen under its own name and no other, and changed back.
+static void keepsPropertiesApart() {
+    QRCodeData* data = [[[QRCodeData alloc] init] autorelease];
+    NSString* empty = withoutLineFeed(contents(@"empty.json"));
+    NSData* json = [empty dataUsingEncoding:NSUTF8StringEncoding];
+    NSDictionary* properties = [NSJSONSerialization JSONObjectWithData:json options:0 error:nullptr];
+    EXPECT(properties.count == 70);
+    for (NSString* name in properties) {
+        const BOOL isFlag = [[properties objectForKey:name] isEqual:@"false"];
+        id before = isFlag ? [NSNumber numberWithBool:NO] : nil;
+        id after = isFlag ? (id)[NSNumber numberWithBool:YES] : name;
+        NSString* member = [NSString stringWithFormat:@R"("%@": "%s")", name, isFlag ? "false" : "nil"];
+        NSString* changed = [NSString stringWithFormat:@R"("%@": "%@")", name, isFlag ? @"true" : name];
+        EXPECT_EQUAL([data valueForKey:name], before);
+        [data setValue:after forKey:name];
+        EXPECT_EQUAL([data valueForKey:name], after);
+        EXPECT_EQUAL(data.jsonOutput, [empty stringByReplacingOccurrencesOfString:member withString:changed]);
+        [data setValue:before forKey:name];
+        EXPECT_EQUAL(data.jsonOutput, empty);
+    }
+    data.primaryID = data.secondaryID = @"";
+    data.isPrimaryIDMandatory = (BOOL)2;
+    EXPECT(data.isPrimaryIDMandatory == YES);
+    EXPECT_EQUAL(data.primaryID, nil);
+    EXPECT_EQUAL(data.secondaryID, @"");
+}
+
+static NSMutableString* stringOf(const std::u16string& units) {
+    NSMutableString* string = [NSMutableString string];
+    for (const char16_t unit : units) {
+        [string appendFormat:@"%C", static_cast<unichar>(unit)];
+    }
+    return string;
+}
+
+static std::u16string unitsOf(NSString* string) {
+    std::u16string units;
+    for (NSUInteger at = 0; at < string.length; ++at) {
+        units += static_cast<char16_t>([string characterAtIndex:at]);
+    }
+    return units;
+}
+
+// Both byte order marks, NUL, the ends of each length in UTF-8, and surrogates in all positions.
+static const struct {
+    std::u16string units;
+    char16_t length;  // in a payload
+    bool isWhole;     // no surrogate is without its other half
+} texts[] = {
+    {u"\uFEFFxyz", u'4', true},
+    {u"\uFFFExyz", u'4', true},
+    {std::u16string(u"\0x\xD83D\xDE00", 4), u'3', true},
+    {u"\x7F\x80\u07FF\u0800\uD7FF\uE000\uFFFF\xD800\xDC00\xDBFF\xDFFF", u'9', true},
+    {u"x\xD800", u'2', false},
+    {u"\xDBFFx", u'2', false},
+    {u"\xDC00\xDFFF", u'2', false},
+    {u"\xD7FF\xDC00\xDBFF\xE000", u'4', false},
+    {u"\xD83D\xD83D\xDE00\xDE00", u'3', false},
+    {std::u16string(u"\uFEFF\0\xDBFF", 3), u'3', false},
+};
+
+static void keepsTexts() {
+    QRCodeData* data = [[[QRCodeData alloc] init] autorelease];
+    QRCodeError* error = [[[QRCodeError alloc] initWithErrorCodes:@[]] autorelease];
+    for (const auto& [units, length, isWhole] : texts) {
+        NSMutableString* string = stringOf(units);
+        data.merchantName = string;
+        error.errorCodes = @[ string, string ];
+        [string setString:@"changed"];
+        EXPECT(unitsOf(data.merchantName) == units);
+        EXPECT(unitsOf(data.description).find(u"\nmerchantName: " + units + u'\n') != std::u16string::npos);
+        EXPECT(unitsOf(error.errorCodes.lastObject) == units);
+        EXPECT(unitsOf(error.description) == units + u' ' + units + u' ');
+        std::printf(isWhole ? "whole\n" : "not whole, ");
+        EXPECT_EQUAL(data.jsonOutput, @"");
+        QRCodeParserResponse* response =
+            parsed(stringOf(u"0g41111111111111111" + (length + units) + u"24581236MUMBAI42IN53356"));
+        EXPECT_EQUAL(response.qrCodeError.errorCodes, isWhole ? nil : @[ @"0" ]);
+        EXPECT(!isWhole || unitsOf(response.qrCodeData.merchantName) == units);
+    }
+}
+
+static void hasCharacterSets() {
+    const struct {
+        UTF32Char character;
+        NSString* sets;  // n: numeric, u: united with "*", s: alphanumeric and white space
+    } rows[] = {{'/', @""},      {'0', @"nus"},    {'9', @"nus"},  {':', @""},    {0x0660, @"us"},
+                {0xFF19, @"us"}, {0x1D7CE, @"us"}, {'z', @"us"},   {0xE9, @"us"}, {0x0301, @"us"},
+                {' ', @"s"},     {'\t', @"s"},     {0x2003, @"s"}, {'\n', @""},   {'*', @"u"}};
+    NSCharacterSet* star = [NSCharacterSet characterSetWithCharactersInString:@"*"];
+    NSMutableCharacterSet* united = [NSCharacterSet unionAlphaNumericCharacterSetWith:star];
+    NSCharacterSet* spaced = [NSCharacterSet alphaNumericWhiteSpaceCharacterSet];
+    for (const auto& [character, sets] : rows) {
+        const BOOL isNumeric = [[NSCharacterSet numericCharacterSet] longCharacterIsMember:character];
+        NSString* got = [NSString stringWithFormat:@"%s%s%s", isNumeric ? "n" : "",
+                                                   [united longCharacterIsMember:character] ? "u" : "",
+                                                   [spaced longCharacterIsMember:character] ? "s" : ""];
+        EXPECT_EQUAL(got, sets);
+    }
+    [united removeCharactersInString:@"*"];
+    EXPECT([star characterIsMember:'*']);
+}
+
+static long objectsOfCPlusPlus;
+
+void* operator new(std::size_t size) {
+    if (void* memory = std::malloc(size)) {
+        ++objectsOfCPlusPlus;
+        return memory;
+    }
+    throw std::bad_alloc();
+}
+
+void operator delete(void* memory) noexcept {
+    objectsOfCPlusPlus -= memory != nullptr ? 1 : 0;
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t /*size*/) noexcept {
+    operator delete(memory);
+}
+
+static long objectsInUse() {
+    long count = objectsOfCPlusPlus;
+    Class* classes = GSDebugAllocationClassList();
+    for (Class* each = classes; *each != Nil; ++each) {
+        count += GSDebugAllocationCount(*each);
+    }
+    NSZoneFree(NSDefaultMallocZone(), classes);
+    return count;
+}
+
+// Foundation keeps objects of its own in the first round and at times later, but a leak adds one in each.
+static void leavesNothingBehind(NSString* name, void (*work)()) {
+    constexpr long rounds = 4;
+    work();
+    const long before = objectsInUse();
+    for (int round = 0; round < rounds; ++round) {
+        work();
+    }
+    EXPECT_EQUAL(std::labs(objectsInUse() - before) < rounds ? nil : name, nil);
+}
+
+template <void (*work)()>
+static void withPool() {
+    @autoreleasepool {
+        work();
+    }
+}
+
+int main(int /*argc*/, char** argv) {
+    GSDebugAllocationActive(YES);
+    @autoreleasepool {
+        directory = [NSString stringWithUTF8String:argv[1]];
+        [[NSClassFromString(directory) alloc] performSelector:@selector(init)];
+#define CASE(work) leavesNothingBehind(@ #work, withPool<work>)
+        CASE(rendersRecords);
+        CASE(readsPayloadsInBothForms);
+        CASE(letsExceptionsOfHandlersPass);
+        CASE(takesNil);
+        CASE(keepsWhatItIsGiven);
+        CASE(keepsPropertiesApart);
+        CASE(keepsTexts);
+        CASE(hasCharacterSets);
+        leavesNothingBehind(@"needsNoPool", needsNoPool);
+    }
+    std::printf("%g %s", KorvoQRParserVersionNumber,
+                reinterpret_cast<const char*>(KorvoQRParserVersionString));
+    return failures == 0 ? 0 : 1;
+}

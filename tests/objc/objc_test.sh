@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# Runs the tests and the example as a person does. Usage: objc_test.sh TESTS EXAMPLE
+set -u
+tests=$1 example=$2
+data=$(dirname "${BASH_SOURCE[0]}")/../data
+ulimit -c 0
+failed=0
+
+# answers STATUS PROGRAM ARGUMENT: both streams together hold the lines of standard input, once or more often
+answers() {
+    diff <("$2" "$3" 2>&1 | LC_ALL=C sort -u; echo "status ${PIPESTATUS[0]}") <(cat; echo "status $1") || failed=1
+}
+
+answers 0 "$tests" "$data" << 'END'
+1 @(#)PROGRAM:KorvoQRParser  PROJECT:KorvoSDK-1
+not whole, error: Account could not be serialized into json
+whole
+END
+for each in QRCodeError/initWithErrorCodes: QRCodeParserResponse/initWithQrCodeData:qrCodeError:; do
+    answers 134 "$tests" "${each%/*}" <<< \
+        "KorvoQRParser: initialiser init() of KorvoQRParser.${each%/*} is not implemented; use ${each#*/}"
+done
+answers 1 "$example" 0g4111111111111111 <<< 'Refused, codes 7 9 11 13 15 '
+diff <("$example" "$(cat "$data/full.payload")"; echo "status $?") <(cat "$data/full.txt"; echo "status 0") || failed=1
+exit $failed
