@@ -74,7 +74,7 @@ done
 # On a terminal: box drawing, no line over its width, colour unless the environment asks for none
 terminal() { TERM=xterm LC_ALL=C.UTF-8 script -qec "stty cols 80; $*" /dev/null | tr -d '\r'; }
 hostile=$(printf "'0a412345678416\033[31m\xC2\x9B24581231M42IN53356'")
-expect "nothing that a terminal obeys" 'merchantName: \x1B[31m\u{9B} "merchantName":"\u001B[31m\u009B" "value":"\u001b[31m\u009B"' \
+expect "nothing that a terminal obeys" 'merchantName: \x1B[31m\u{9B} "merchantName":"\u001B[31m\u009B" "value":"\u001B[31m\u009B"' \
     "$(echo "$(terminal "$korvoqr" parse "$hostile" | grep merchantName)" \
         "$(terminal "$korvoqr" parse --format jsonl "$hostile" | grep -o '"merchantName":[^,]*')" \
         "$(terminal "$korvoqr" explain --format json "$hostile" | grep -o '"value":"[^"]*31m[^,]*')")"

@@ -1,7 +1,7 @@
 #ifndef KORVOQR_COMMANDS_H
 #define KORVOQR_COMMANDS_H
 
-#include "Rendering.h"
+#include "Format.h"
 #include "Terminal.h"
 
 #include <cstddef>
@@ -41,7 +41,7 @@ ExitStatus runParse(const ParseOptions& options);
 
 struct ExplainOptions {
     InputOptions input;
-    bool asJSON = false;
+    Format format = Format::text;  ///< or JSON, whichever
     ColourChoice colour = ColourChoice::automatic;
 };
 
@@ -50,7 +50,7 @@ ExitStatus runExplain(const ExplainOptions& options);
 
 struct CodesOptions {
     std::vector<std::string> codes;  ///< none means all
-    bool asJSON = false;
+    Format format = Format::text;    ///< or JSON, whichever
     ColourChoice colour = ColourChoice::automatic;
 };
 

@@ -2,6 +2,7 @@
 #include "Commands.h"
 #include "InputRun.h"
 #include "PayloadInput.h"
+#include "Rendering.h"
 #include "Summary.h"
 
 #include <chrono>
@@ -34,7 +35,7 @@ struct Answers {
 void answer(std::string_view payload, Format format, const Origin& origin, Answers& answers) {
     const auto response = korvo::QRCodeParser::parseQRData(payload);
     // The records and code lists of text output need something between them.
-    if (format == Format::text && answers.tally.payloads() > 0) {
+    if (isText(format) && answers.tally.payloads() > 0) {
         answers.text += '\n';
     }
     answers.tally.count(response);
@@ -59,7 +60,7 @@ class ParseRun {
         const bool hasArguments =
             run_.forEachArgument([this](std::string_view payload, const Origin& origin) {
                 Answers answers;
-                if (options_.format == Format::text && origin.isPicture()) {
+                if (isText(options_.format) && origin.isPicture()) {
                     answers.text = origin.place() + ":\n";
                 }
                 answers.place = origin.place();
@@ -103,12 +104,12 @@ class ParseRun {
     }
 
     void deliver(const Answers& answers) {
-        if (options_.format == Format::text && tally_.payloads() > 0) {
+        if (isText(options_.format) && tally_.payloads() > 0) {
             run_.output().write("\n");
         }
         if (!isForPerson_) {
             run_.output().write(answers.text);
-        } else if (options_.format == Format::text) {
+        } else if (isText(options_.format)) {
             run_.output().write(harmless(answers.text));
         } else {
             run_.output().write(harmlessJSON(answers.text));

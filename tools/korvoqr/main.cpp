@@ -14,6 +14,8 @@
 
 namespace {
 
+using korvoqr::Format;
+
 // CLI11 takes an argument in square brackets for a list and "++" for the end of a command. Both may be
 // payloads or names of files, and a NUL, which no argument can hold, hides them from it.
 std::string shield(std::string argument) {
@@ -45,9 +47,9 @@ struct CommandLine {
     korvoqr::ParseOptions parseOptions;
     korvoqr::ExplainOptions explainOptions;
     korvoqr::CodesOptions codesOptions;
-    const std::map<std::string, korvoqr::Format> formats{
-        {"text", korvoqr::Format::text}, {"json", korvoqr::Format::json}, {"jsonl", korvoqr::Format::jsonl}};
-    const std::map<std::string, bool> textOrJSON{{"text", false}, {"json", true}};
+    const std::map<std::string, Format> textOrJSON{{"text", Format::text}, {"json", Format::json}};
+    const std::map<std::string, Format> textOrEitherJSON{
+        {"text", Format::text}, {"json", Format::json}, {"jsonl", Format::jsonl}};
     const std::map<std::string, korvoqr::ColourChoice> colours{{"auto", korvoqr::ColourChoice::automatic},
                                                                {"always", korvoqr::ColourChoice::always},
                                                                {"never", korvoqr::ColourChoice::never}};
@@ -104,7 +106,7 @@ void addParse(CommandLine& line) {
     auto& options = line.parseOptions;
     line.parse = line.app.add_subcommand("parse", "Prints records, or the codes of the rules violated.");
     addInput(line.parse, options.input);
-    addChoice(line.parse, "--format", options.format, line.formats, "text|json|jsonl",
+    addChoice(line.parse, "--format", options.format, line.textOrEitherJSON, "text|json|jsonl",
               "jsonl: one line for each payload");
     line.parse
         ->add_option_function<std::string>(
@@ -126,7 +128,7 @@ void addExplain(CommandLine& line) {
     line.explain =
         line.app.add_subcommand("explain", "Shows payloads element by element, and what is wrong.");
     addInput(line.explain, options.input);
-    addChoice(line.explain, "--format", options.asJSON, line.textOrJSON, "text|json",
+    addChoice(line.explain, "--format", options.format, line.textOrJSON, "text|json",
               "json: an object on a line for each payload");
     addColour(line, line.explain, options.colour);
     line.explain->footer(
@@ -140,7 +142,7 @@ void addCodes(CommandLine& line) {
     auto& options = line.codesOptions;
     line.codes = line.app.add_subcommand("codes", "Prints what error codes mean.");
     line.codes->add_option("CODE", options.codes, "Numbers of codes; none: all of them")->option_text("...");
-    addChoice(line.codes, "--format", options.asJSON, line.textOrJSON, "text|json", "json: one array");
+    addChoice(line.codes, "--format", options.format, line.textOrJSON, "text|json", "json: one array");
     addColour(line, line.codes, options.colour);
     line.codes->footer(
         "Examples:\n"
