@@ -1,7 +1,7 @@
 #include "Commands.h"
 #include "InputRun.h"
 #include "JSONWriter.h"
-#include <KorvoQRParser/Validation/KorvoErrorConstants.h>
+#include <KorvoQRParser/KorvoQRParser.h>
 
 #include <algorithm>
 #include <cstdio>

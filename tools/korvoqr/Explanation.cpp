@@ -1,12 +1,7 @@
 #include "Explanation.h"
 
 #include "Terminal.h"
-#include <KorvoQRParser/Decoding/CRC.h>
-#include <KorvoQRParser/Decoding/KorvoPayMerchantTLV.h>
-#include <KorvoQRParser/Decoding/TLVPayloadWalk.h>
-#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 #include <KorvoQRParser/KorvoQRParser.h>
-#include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 #ifndef KORVOQR_EXPLANATION_H
 #define KORVOQR_EXPLANATION_H
 
-#include <KorvoQRParser/Decoding/Text/CountedText.h>
-#include <KorvoQRParser/Validation/KorvoErrorConstants.h>
+#include "LibraryInternals.h"
+#include <KorvoQRParser/KorvoQRParser.h>
 
 #include <cstddef>
 #include <optional>

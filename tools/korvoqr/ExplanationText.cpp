@@ -1,5 +1,4 @@
 #include "ExplanationRendering.h"
-#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "ImageReader.h"
 
+#include "LibraryInternals.h"
 #include "PayloadInput.h"
-#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
 
 #include <algorithm>
 #include <array>

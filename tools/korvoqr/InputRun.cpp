@@ -2,7 +2,6 @@
 
 #include "ImageReader.h"
 #include "PayloadInput.h"
-#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
 
 #include <cerrno>
 #include <csignal>

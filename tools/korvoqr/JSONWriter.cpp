@@ -1,7 +1,6 @@
 #include "JSONWriter.h"
 
-#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
-#include <KorvoQRParser/Model/JSONString.h>
+#include "LibraryInternals.h"
 
 #include <utility>
 

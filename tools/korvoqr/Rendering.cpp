@@ -1,8 +1,7 @@
 #include "Rendering.h"
 
 #include "JSONWriter.h"
-#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
-#include <KorvoQRParser/Model/QRCodeDataProperties.h>
+#include "LibraryInternals.h"
 
 #include <optional>
 #include <string_view>

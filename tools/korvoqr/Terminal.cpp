@@ -1,6 +1,6 @@
 #include "Terminal.h"
 
-#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
+#include "LibraryInternals.h"
 
 #include <algorithm>
 #include <array>
