@@ -12,6 +12,13 @@
 
 namespace korvoqr {
 
+/// The two-digit tag with elements inside it, and that of the checksum.
+inline constexpr std::string_view additionalDataTag =
+    korvo::rawValue(korvo::PayMerchantValidTLV01::AdditionalDataField);
+inline constexpr std::string_view checksumTag = korvo::rawValue(korvo::PayMerchantValidTLV01::CRC);
+/// Tag and length of a checksum.
+inline constexpr std::string_view checksumHead = "6304";
+
 /// One element of a payload. Its texts are views into the payload.
 struct ExplainedElement {
     std::size_t offset;       ///< user-perceived characters before it in the payload

@@ -82,7 +82,7 @@ class Page {
         std::array<char, 32> offset{};
         std::snprintf(offset.data(), offset.size(), "%6zu  ", element.offset);
         text_ += painted(style_, Paint::dim, offset.data());
-        std::string tag = (element.isInsideAdditionalData ? "62/" : "") + std::string(element.tag);
+        std::string tag = element.isInsideAdditionalData ? element.name : std::string(element.tag);
         if (element.isInsideAdditionalData && style_.boxes) {
             tag = (isFollowedInside ? "├─ " : "└─ ") + std::string(element.tag);
         }
@@ -125,7 +125,8 @@ class Page {
         std::string meaning(entry.meaning);
         if (entry.code == korvo::KorvoErrorConstants::crcInvalidValue && explanation_.computedChecksum) {
             meaning += " Found: " + inQuotes(explanation_.elements.back().value.text()) +
-                       "; the payload should end with 6304" + *explanation_.computedChecksum + '.';
+                       "; the payload should end with " + std::string(checksumHead) +
+                       *explanation_.computedChecksum + '.';
         }
         text_ += std::string(column + 2, ' ');
         addColumn(meaning, column + 2, true);
@@ -151,7 +152,7 @@ class Page {
         constexpr std::size_t aroundBoth = 10;  // blanks and dots
         const std::size_t limit = style_.width == 0 ? 40 : (style_.width - aroundBoth) / 2;
         const auto continues = [&text](std::size_t at) {
-            return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
+            return at < text.size() && isContinuationByte(text[at]);
         };
         while (displayWidth(visible(text)) > limit) {
             std::size_t at = fromEnd ? 1 : text.size() - 1;

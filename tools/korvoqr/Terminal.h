@@ -43,6 +43,11 @@ std::string harmless(std::string_view text);
 /// The same for JSON text, whose meaning stays what it is.
 std::string harmlessJSON(std::string_view json);
 
+/// Whether a byte of a UTF-8 text continues a code point, so that the text must not be cut before it.
+constexpr bool isContinuationByte(char byte) noexcept {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
 /// How many columns a terminal gives to a text that `visible` has made.
 std::size_t displayWidth(std::string_view text);
 
