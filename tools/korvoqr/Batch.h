@@ -25,14 +25,14 @@ class Batch {
   public:
     Batch(std::size_t jobs, std::function<void(const std::string&, Answer&)> answer,
           std::function<void(const Answer&)> deliver)
-        : answer_(std::move(answer)), deliver_(std::move(deliver)), most_(4 * jobs) {
+        : answer_(std::move(answer)), deliver_(std::move(deliver)), most_(blocksPerThread * jobs) {
         // Where the machine gives no more threads, those that there are do the work.
         try {
             for (std::size_t i = 0; jobs > 1 && i < jobs; ++i) {
                 workers_.emplace_back([this] { work(); });
             }
         } catch (const std::exception&) {
-            most_ = 4 * (workers_.size() + 1);
+            most_ = blocksPerThread * (workers_.size() + 1);
         }
     }
     Batch(const Batch&) = delete;
@@ -68,6 +68,8 @@ class Batch {
     }
 
   private:
+    static constexpr std::size_t blocksPerThread = 4;
+
     struct Task {
         std::string block;
         Answer answer;

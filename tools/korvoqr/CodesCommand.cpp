@@ -35,8 +35,7 @@ std::string codesText(const Entries& entries, const Style& style) {
     for (const auto* const entry : entries) {
         text +=
             painted(style, Paint::heading, padded(entry->code, nameColumn) + std::string(entry->name)) + '\n';
-        const std::size_t width = style.width > nameColumn ? style.width - nameColumn : 0;
-        for (const std::string_view line : wrapped(entry->meaning, width, true)) {
+        for (const std::string_view line : wrapped(entry->meaning, style.widthFrom(nameColumn), true)) {
             text += std::string(nameColumn, ' ') + std::string(line) + '\n';
         }
         const std::string tags = "Two-digit tag: " + std::string(entry->twoDigitTag) +

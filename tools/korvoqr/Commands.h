@@ -37,7 +37,7 @@ struct ParseOptions {
 };
 
 /// Parses every payload and prints each answer, in input order.
-ExitStatus runParse(const ParseOptions& options);
+[[nodiscard]] ExitStatus runParse(const ParseOptions& options);
 
 struct ExplainOptions {
     InputOptions input;
@@ -46,7 +46,7 @@ struct ExplainOptions {
 };
 
 /// Explains every payload, in input order.
-ExitStatus runExplain(const ExplainOptions& options);
+[[nodiscard]] ExitStatus runExplain(const ExplainOptions& options);
 
 struct CodesOptions {
     std::vector<std::string> codes;  ///< none means all
@@ -55,7 +55,7 @@ struct CodesOptions {
 };
 
 /// Prints the catalogue of error codes, or the rows asked for.
-ExitStatus runCodes(const CodesOptions& options);
+[[nodiscard]] ExitStatus runCodes(const CodesOptions& options);
 
 }  // namespace korvoqr
 

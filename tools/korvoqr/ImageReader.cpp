@@ -40,12 +40,16 @@ constexpr std::size_t mostBytes = std::size_t{256} * 1024 * 1024;
 // A picture made for it keeps the search for codes busy for minutes; a photo takes about a second.
 constexpr rlim_t mostSeconds = 20;
 
+constexpr std::uint8_t white = 255;
+
 struct FreePixels {
     void operator()(stbi_uc* pixels) const noexcept { stbi_image_free(pixels); }
 };
 
+constexpr int bytesPerPixel = 2;
+
 struct Picture {
-    std::unique_ptr<stbi_uc, FreePixels> greyAndAlpha;  // two bytes for each pixel
+    std::unique_ptr<stbi_uc, FreePixels> greyAndAlpha;
     int width = 0;
     int height = 0;
 
@@ -86,9 +90,8 @@ Picture loadPicture(const std::string& bytes) {
     if (std::int64_t{picture.width} * picture.height > mostPixels) {
         throw std::runtime_error("the picture is too large");
     }
-    constexpr int greyAndAlpha = 2;
     picture.greyAndAlpha.reset(
-        stbi_load_from_memory(data, size, &picture.width, &picture.height, &channels, greyAndAlpha));
+        stbi_load_from_memory(data, size, &picture.width, &picture.height, &channels, bytesPerPixel));
     if (!picture.greyAndAlpha) {
         throw std::runtime_error("the picture is damaged");
     }
@@ -101,9 +104,9 @@ std::vector<std::uint8_t> greysOf(const Picture& picture, bool isLightOnDark) {
     std::vector<std::uint8_t> greys(picture.size());
     const stbi_uc* pixel = picture.greyAndAlpha.get();
     for (std::uint8_t& grey : greys) {
-        const unsigned ink = isLightOnDark ? pixel[0] : 255U - pixel[0];
-        grey = static_cast<std::uint8_t>(255U - ink * pixel[1] / 255U);
-        pixel += 2;
+        const unsigned ink = isLightOnDark ? pixel[0] : white - pixel[0];
+        grey = static_cast<std::uint8_t>(white - ink * pixel[1] / white);
+        pixel += bytesPerPixel;
     }
     return greys;
 }
@@ -126,7 +129,7 @@ void paintOver(const ZXing::Result& code, std::vector<std::uint8_t>& greys, int 
     for (int y = std::max(top, 0); y <= std::min(bottom, height - 1); ++y) {
         const auto row = greys.begin() + std::ptrdiff_t{y} * width;
         const int begin = std::clamp(left, 0, width);
-        std::fill(row + begin, row + std::clamp(right + 1, begin, width), std::uint8_t{255});
+        std::fill(row + begin, row + std::clamp(right + 1, begin, width), white);
     }
 }
 
@@ -170,18 +173,19 @@ ImageContent readHere(const std::string& file) {
     return content;
 }
 
-// A text on a pipe: its length, and its bytes.
-void send(int pipe, const std::string& text) {
+// Writes a text to a pipe: its length, and its bytes. False when the pipe does not take them all.
+[[nodiscard]] bool send(int pipe, const std::string& text) {
     const std::uint64_t length = text.size();
     std::string message(reinterpret_cast<const char*>(&length), sizeof length);
     message += text;
     for (std::size_t sent = 0; sent < message.size();) {
         const ssize_t count = ::write(pipe, message.data() + sent, message.size() - sent);
         if (count < 0) {
-            return;
+            return false;
         }
         sent += static_cast<std::size_t>(count);
     }
+    return true;
 }
 
 std::vector<std::string> received(std::string_view bytes) {
@@ -196,6 +200,33 @@ std::vector<std::string> received(std::string_view bytes) {
     return texts;
 }
 
+// What the child process does: it reads the picture, and sends the problem and the payloads.
+[[noreturn]] void readInChild(const std::string& file, int pipe) {
+    const rlimit limit{mostSeconds, mostSeconds};
+    ::setrlimit(RLIMIT_CPU, &limit);
+    const ImageContent content = readHere(file);
+    bool isSent = send(pipe, content.problem);
+    for (const std::string& payload : content.payloads) {
+        isSent = isSent && send(pipe, payload);
+    }
+    ::_exit(isSent ? 0 : 1);
+}
+
+// What a child has sent, if it has ended well.
+ImageContent contentFrom(std::string_view message, int waitStatus) {
+    if (WIFSIGNALED(waitStatus) && (WTERMSIG(waitStatus) == SIGXCPU || WTERMSIG(waitStatus) == SIGKILL)) {
+        return {{}, "looking for codes in this picture takes too long"};
+    }
+    std::vector<std::string> texts = received(message);
+    if (!WIFEXITED(waitStatus) || WEXITSTATUS(waitStatus) != 0 || texts.empty()) {
+        return {{}, "the picture cannot be read"};
+    }
+    ImageContent content{{}, texts.front()};
+    texts.erase(texts.begin());
+    content.payloads = std::move(texts);
+    return content;
+}
+
 }  // namespace
 
 // In a process of its own: what a stranger's picture makes of libraries that others wrote ends there.
@@ -207,40 +238,20 @@ ImageContent readQRCodes(const std::string& file) {
     const pid_t child = ::fork();
     if (child == 0) {
         ::close(ends[0]);
-        const rlimit limit{mostSeconds, mostSeconds};
-        ::setrlimit(RLIMIT_CPU, &limit);
-        const ImageContent content = readHere(file);
-        send(ends[1], content.problem);
-        for (const std::string& payload : content.payloads) {
-            send(ends[1], payload);
-        }
-        ::_exit(0);
+        readInChild(file, ends[1]);
     }
     ::close(ends[1]);
-    std::string bytes;
-    if (child > 0) {
-        readChunks(ends[0], [&bytes](std::string_view chunk) {
-            bytes += chunk;
-            return true;
-        });
-    }
+    std::string message;
+    const int error = readChunks(ends[0], [&message](std::string_view chunk) {
+        message += chunk;
+        return true;
+    });
     ::close(ends[0]);
     int status = 0;
     if (child < 0 || ::waitpid(child, &status, 0) != child) {
         return readHere(file);
     }
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
-        const bool isSlow =
-            WIFSIGNALED(status) && (WTERMSIG(status) == SIGXCPU || WTERMSIG(status) == SIGKILL);
-        return {{},
-                isSlow ? "looking for codes in this picture takes too long" : "the picture cannot be read"};
-    }
-    std::vector<std::string> texts = received(bytes);
-    ImageContent content{{}, texts.empty() ? "the picture cannot be read" : texts.front()};
-    for (std::size_t i = 1; i < texts.size(); ++i) {
-        content.payloads.push_back(std::move(texts[i]));
-    }
-    return content;
+    return contentFrom(error == 0 ? message : "", status);
 }
 
 }  // namespace korvoqr

@@ -14,7 +14,7 @@ struct ImageContent {
 
 /// Reads the QR codes of a PNG or JPEG file, a scan or a photo, dark on light or light on dark. A picture
 /// that is made to harm ends with a problem, within half a minute. For a process with one thread.
-ImageContent readQRCodes(const std::string& file);
+[[nodiscard]] ImageContent readQRCodes(const std::string& file);
 
 }  // namespace korvoqr
 

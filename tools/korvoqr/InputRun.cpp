@@ -52,16 +52,15 @@ void InputRun::forEachBlock(const std::function<void(std::string)>& handle) {
             return !output_.isClosed();
         });
     if (error != 0) {
-        const bool isNamed = !options_.file.empty() && options_.file != "-";
-        readError_ = (isNamed ? visible(options_.file) : "standard input") + ": " +
+        readError_ = (isStandardInput(options_.file) ? "standard input" : visible(options_.file)) + ": " +
                      std::strerror(error);  // NOLINT(concurrency-mt-unsafe): one thread reads
     }
 }
 
 std::uint64_t InputRun::fileSize() const {
     struct stat status {};
-    const bool isNamed = !options_.file.empty() && options_.file != "-";
-    const int error = isNamed ? ::stat(options_.file.c_str(), &status) : ::fstat(STDIN_FILENO, &status);
+    const int error = isStandardInput(options_.file) ? ::fstat(STDIN_FILENO, &status)
+                                                     : ::stat(options_.file.c_str(), &status);
     return error == 0 && S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0;
 }
 

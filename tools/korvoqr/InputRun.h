@@ -20,7 +20,8 @@ class InputRun {
 
     /// Calls `handle` with each payload of the arguments and pictures. False when there are neither, and the
     /// input file is to be read.
-    bool forEachArgument(const std::function<void(std::string_view payload, const Origin& origin)>& handle);
+    [[nodiscard]] bool forEachArgument(
+        const std::function<void(std::string_view payload, const Origin& origin)>& handle);
 
     /// Calls `handle` with blocks of payloads from the input file.
     void forEachBlock(const std::function<void(std::string)>& handle);
@@ -33,7 +34,7 @@ class InputRun {
     void noteRejected() noexcept { someRejected_ = true; }
 
     /// Writes what is left and tells how the run went.
-    ExitStatus finish();
+    [[nodiscard]] ExitStatus finish();
 
   private:
     const InputOptions& options_;

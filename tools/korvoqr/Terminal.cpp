@@ -147,26 +147,43 @@ bool isTerminal(int fileDescriptor) {
 }
 
 Style styleOf(int fileDescriptor, ColourChoice choice) {
-    if (choice == ColourChoice::never) {
-        return {.width = isTerminal(fileDescriptor) ? widthOf(fileDescriptor) : 0};
+    Style style;
+    if (choice == ColourChoice::always || isTerminal(fileDescriptor)) {
+        style.width = widthOf(fileDescriptor);
     }
-    if (choice == ColourChoice::always) {
-        return {.colour = true, .boxes = true, .width = widthOf(fileDescriptor)};
+    switch (choice) {
+        case ColourChoice::automatic:
+            style.colour = isTerminal(fileDescriptor) && !isSet("NO_COLOR");
+            style.boxes = isTerminal(fileDescriptor) && isLocaleUTF8();
+            break;
+        case ColourChoice::always:
+            style.colour = style.boxes = true;
+            break;
+        case ColourChoice::never:
+            break;
     }
-    if (!isTerminal(fileDescriptor)) {
-        return {};
-    }
-    return {.colour = !isSet("NO_COLOR"), .boxes = isLocaleUTF8(), .width = widthOf(fileDescriptor)};
+    return style;
 }
 
 std::string painted(const Style& style, Paint paint, std::string_view text) {
-    constexpr std::array<std::string_view, 4> codes{"1", "31", "2", "32"};
+    std::string result;
     if (!style.colour || text.empty()) {
-        return std::string(text);
+        return result += text;
     }
-    std::string result = "\x1B[";
-    result += codes.at(static_cast<std::size_t>(paint));
-    result += 'm';
+    switch (paint) {
+        case Paint::heading:
+            result += "\x1B[1m";
+            break;
+        case Paint::fault:
+            result += "\x1B[31m";
+            break;
+        case Paint::dim:
+            result += "\x1B[2m";
+            break;
+        case Paint::good:
+            result += "\x1B[32m";
+            break;
+    }
     result += text;
     return result += "\x1B[0m";
 }
@@ -205,8 +222,11 @@ std::size_t displayWidth(std::string_view text) {
 }
 
 std::string padded(std::string_view text, std::size_t width) {
-    const std::size_t columns = displayWidth(text);
-    return std::string(text) + std::string(columns < width ? width - columns : 0, ' ');
+    return std::string(text) + std::string(width - std::min(width, displayWidth(text)), ' ');
+}
+
+std::string rightAligned(std::string_view text, std::size_t width) {
+    return std::string(width - std::min(width, displayWidth(text)), ' ') + std::string(text);
 }
 
 std::vector<std::string_view> wrapped(std::string_view text, std::size_t width, bool atBlanks) {

@@ -15,6 +15,9 @@ struct Style {
     bool colour = false;
     bool boxes = false;     ///< box-drawing and block characters
     std::size_t width = 0;  ///< columns to wrap at; 0 for none
+
+    /// The columns to wrap at for a text that begins at a column; 0 for none.
+    std::size_t widthFrom(std::size_t column) const noexcept { return width > column ? width - column : 0; }
 };
 
 /// What suits a file descriptor. Everything on a terminal whose locale is UTF-8, but for colour where
@@ -53,6 +56,9 @@ std::size_t displayWidth(std::string_view text);
 
 /// The text with blanks behind it up to a number of columns.
 std::string padded(std::string_view text, std::size_t width);
+
+/// The text with blanks before it up to a number of columns.
+std::string rightAligned(std::string_view text, std::size_t width);
 
 /// The text in pieces of at most `width` columns, cut between user-perceived characters; with `atBlanks`
 /// after the last blank that fits, where there is one. The whole text for a width of 0.

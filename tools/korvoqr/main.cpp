@@ -83,7 +83,7 @@ std::string readJobs(const std::string& text, std::size_t& jobs) {
     const auto [parsed, error] = std::from_chars(text.data(), end, jobs);
     return error == std::errc() && parsed == end && jobs > 0 && jobs <= most
                ? ""
-               : "it is a number from 1 to 1024";
+               : "it is a number from 1 to " + std::to_string(most);
 }
 
 void addInput(CLI::App* command, korvoqr::InputOptions& input) {
