@@ -51,7 +51,7 @@ expect "a line feed inside a payload" '"merchantName":"a\nb"' \
 expect "non-ASCII values in JSON lines" '"merchantName":"é"' \
     "$("$korvoqr" parse --format jsonl 0g411111111111111111é24581231M42IN53356 | grep -o '"merchantName":"é"')"
 runs "JSON output of a non-ASCII record is empty, with a word why" "0" "" parse --format json 0g411111111111111111é24581231M42IN53356
-grep -q 'outside ASCII' "$work/errors" || expect "the word why" "outside ASCII" "$(cat "$work/errors")"
+grep -q 'is not ASCII' "$work/errors" || expect "the word why" "is not ASCII" "$(cat "$work/errors")"
 expect "all 70 properties in a JSON line" 70 "$("$korvoqr" parse --format jsonl "$accepted" | grep -o '"[a-zA-Z0-9]*":' | grep -vc qrCodeData)"
 
 # Explanations of faults of every kind, each as a person has read it

@@ -13,12 +13,12 @@ namespace korvoqr {
 
 namespace {
 
-// The characters of a tag and a length field, which are as wide as each other. A known tag is ASCII.
+// The characters of an element's tag and length field. Both are equally long, and a known tag is ASCII.
 std::size_t headOf(const ExplainedElement& element) {
     return 2 * element.tag.size();
 }
 
-// Writes down what a walk meets.
+// Records the elements that a walk visits.
 class Recorder final : public korvo::TLVVisitor {
   public:
     explicit Recorder(std::vector<ExplainedElement>& elements) : elements_(elements) {}
@@ -64,7 +64,7 @@ bool namesTag(std::string_view list, std::string_view tag) {
     return false;
 }
 
-// Whether the payload violates the rule of a code when some of its elements are taken away.
+// Whether the payload, without some of its elements, still violates the rule of a code.
 bool isRaisedWithout(const std::vector<ExplainedElement>& elements, bool isTwoDigit, std::string_view code,
                      const std::function<bool(const ExplainedElement&)>& isTaken) {
     korvo::KorvoPayMerchantTLV holder;
@@ -85,8 +85,8 @@ bool isRaisedWithout(const std::vector<ExplainedElement>& elements, bool isTwoDi
     return std::find(codes.begin(), codes.end(), code) != codes.end();
 }
 
-// Puts a code beside the elements that violate its rule: those that raise it without the others that it
-// speaks of. Where it is still raised when those are gone, it is what is not there that violates the rule.
+// Assigns a code to the elements that violate its rule: each that raises it without the other elements that
+// the rule is about. If the code is raised even without all of those, a missing element violates the rule.
 void assign(Explanation& explanation, const korvo::ErrorCatalogueEntry& entry) {
     const bool isTwoDigit = *explanation.isTwoDigit;
     auto& elements = explanation.elements;
@@ -118,8 +118,8 @@ void assign(Explanation& explanation, const korvo::ErrorCatalogueEntry& entry) {
     }
 }
 
-// What a two-digit payload ought to end with. Where its checksum is too short or too long to stand for that,
-// of the payload with one of the right length.
+// The checksum that a two-digit payload should have. If the payload's own checksum has a wrong length, it is
+// first replaced with one of the right length.
 std::string expectedChecksum(const Explanation& explanation) {
     const ExplainedElement& checksum = explanation.elements.back();
     std::string payload(explanation.payload);

@@ -31,7 +31,7 @@ void appendFacts(JSONWriter& json, const ExplainedElement& element) {
     appendCodes(json.name("errors"), element.violations);
 }
 
-// An element, and in its object those that are inside it.
+// An element; its object holds the elements inside it.
 void appendElement(JSONWriter& json, const ExplainedElement& element,
                    std::span<const ExplainedElement> inside) {
     appendFacts(json.beginObject(), element);

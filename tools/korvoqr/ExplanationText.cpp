@@ -6,7 +6,7 @@ namespace korvoqr {
 
 namespace {
 
-// Where the columns of the table begin, after that of the offset.
+// The columns of the table begin here; the offset is in column 0.
 constexpr std::size_t tagColumn = 8;
 constexpr std::size_t lengthColumn = 15;
 constexpr std::size_t meaningColumn = 20;
@@ -27,7 +27,7 @@ class Page {
             addElements();
         }
         if (!explanation_.absent.empty()) {
-            text_ += "\nElements that are not there:\n";
+            text_ += "\nMissing elements:\n";
             for (const auto* const entry : explanation_.absent) {
                 addViolation(*entry, 2);
             }
@@ -103,7 +103,7 @@ class Page {
         text_ += padded(tag, lengthColumn - tagColumn);
         text_ += padded(visible(element.length), meaningColumn - lengthColumn);
         text_ += padded(element.meaning, valueColumn - meaningColumn);
-        // What is inside follows in rows of its own.
+        // The elements inside follow as rows of their own.
         const bool isOpened = isFollowedInside && !element.isInsideAdditionalData;
         addColumn(isOpened ? "" : inQuotes(element.value.text()), valueColumn, false);
         for (const auto* const entry : element.violations) {
@@ -111,7 +111,7 @@ class Page {
         }
     }
 
-    // The text at a column of the line begun, and further lines of it at the same one.
+    // Continues the current line with the text, and aligns the text's further lines at the same column.
     void addColumn(const std::string& text, std::size_t column, bool atBlanks) {
         const auto lines = wrapped(text, style_.widthFrom(column), atBlanks);
         for (std::size_t i = 0; i < lines.size(); ++i) {
@@ -161,7 +161,7 @@ class Page {
         text_ += blanks(displayWidth(head)) + painted(style_, Paint::fault, "^") + '\n';
     }
 
-    // As many code points from the end, or the beginning, of a text as may stand on one side of the caret.
+    // As many code points from the end, or from the beginning, of a text as fit on one side of the caret.
     std::string_view fitting(std::string_view text, bool fromEnd) const {
         constexpr std::size_t aroundBoth = 10;  // blanks and dots
         const std::size_t limit = style_.width == 0 ? 40 : (style_.width - aroundBoth) / 2;

@@ -18,9 +18,8 @@ using Elements = std::vector<ExplainedElement>;
 
 constexpr std::int64_t shortestPayload = 2;  // characters
 
-// What is wrong, and where in the payload.
 struct Finding {
-    const char* position = nullptr;
+    const char* position = nullptr;  // in the payload
     std::string reason;
 };
 
@@ -47,6 +46,11 @@ std::string counted(std::int64_t count, std::string_view noun) {
     return std::to_string(count) + ' ' + std::string(noun) + (count == 1 ? "" : "s");
 }
 
+std::string remaining(std::int64_t count) {
+    return count == 0 ? "nothing is left"
+                      : "only " + counted(count, "character") + (count == 1 ? " is left" : " are left");
+}
+
 bool isTwoDigit(const TLVFault& fault) {
     return fault.format.fieldWidth == korvo::twoDigitFormat.fieldWidth;
 }
@@ -57,9 +61,9 @@ Finding repeatedTag(const Elements& elements, const TLVFault& fault) {
         return element.isInsideAdditionalData == fault.isInsideAdditionalData &&
                korvo::lowerCased(element.tag) == korvo::lowerCased(tag);
     });
-    std::string reason = "tag " + inQuotes(tag) + " occurs a second time";
+    std::string reason = "tag " + inQuotes(tag) + " is repeated";
     if (first != elements.end()) {
-        reason += ", first at offset " + std::to_string(first->offset);
+        reason += "; it first occurs at offset " + std::to_string(first->offset);
     }
     return {tag.data(), reason};
 }
@@ -84,10 +88,10 @@ Finding unknownTag(const TLVFault& fault) {
     const std::string bounds = fault.isInsideAdditionalData ? boundsOf(korvo::tlv01SubTagRows)
                                : isTwoDigit(fault)          ? boundsOf(korvo::tlv01TagRows)
                                                             : boundsOf(korvo::tlv00TagRows);
-    return {tag.data(), "tag " + inQuotes(tag) + " is not known; tags are " + bounds};
+    return {tag.data(), "tag " + inQuotes(tag) + " is unknown; tags are " + bounds};
 }
 
-// For a payload whose elements are all right, except that the last one is not the checksum.
+// All elements are well-formed, but the last one is not the checksum.
 Finding wrongEnd(const Elements& elements, const TLVFault& fault) {
     const auto isChecksum = [](const ExplainedElement& element) { return element.name == checksumTag; };
     const auto checksum = std::find_if(elements.begin(), elements.end(), isChecksum);
@@ -96,23 +100,23 @@ Finding wrongEnd(const Elements& elements, const TLVFault& fault) {
     }
     const std::string_view next = (checksum + 1)->tag;
     return {next.data(), "tag " + inQuotes(next) + " follows the checksum, tag " + std::string(checksumTag) +
-                             ", which must be the last"};
+                             ", which must be last"};
 }
 
 Finding invalidTag(const Elements& elements, const TLVFault& fault) {
-    // A walk meets only elements with a known tag.
+    // A walk visits only elements with a known tag.
     const bool isKnown = !elements.empty() && elements.back().tag.data() >= fault.element.tag.data();
     return isKnown ? wrongEnd(elements, fault) : unknownTag(fault);
 }
 
-// For a text that holds bytes that are not UTF-8.
+// The place of the first bytes that are not UTF-8, in a text that has some.
 Finding malformedBytes(std::string_view text) {
     std::size_t start = 0;
     std::size_t end = 0;
     while (end < text.size() && korvo::nextCodePoint(text, end) >= 0) {
         start = end;
     }
-    return {text.data() + start, "the bytes here are not UTF-8"};
+    return {text.data() + start, "these bytes are not UTF-8"};
 }
 
 Finding wrongLength(const TLVFault& fault, std::int64_t length, std::int64_t left) {
@@ -120,11 +124,11 @@ Finding wrongLength(const TLVFault& fault, std::int64_t length, std::int64_t lef
     std::string reason = "length ";
     if (length >= format.minimumLength) {
         const bool isLetter = length > 9 && !isTwoDigit(fault);
-        reason += visible(element.length) + " announced";
+        reason += visible(element.length);
         reason += isLetter ? " (" + std::to_string(length) + ')' : "";
-        reason += ", " + counted(left, "character") + " left";
+        reason += ", but " + remaining(left);
     } else if (length == 0) {
-        reason += inQuotes(element.length) + ": an empty value is not allowed here";
+        reason += inQuotes(element.length) + ": a value must not be empty in this format";
     } else {
         reason += inQuotes(element.length) + " is not " +
                   (isTwoDigit(fault) ? "a number from 01 to 99" : "a digit of base 36 (0 to 9, a to z)");
@@ -143,7 +147,7 @@ std::int64_t wantedCharacters(const TLVFault& fault) {
                    : std::max<std::int64_t>(format.readLength(element.length), 0);
 }
 
-// For a text that ends, or is not UTF-8 any more, before all that was wanted has been read.
+// The text ends, or stops being UTF-8, before the walk has read an element.
 Finding wrongShape(const TLVFault& fault) {
     const auto& [error, format, isInside, element, rest] = fault;
     const std::int64_t wanted = wantedCharacters(fault);
@@ -157,15 +161,14 @@ Finding wrongShape(const TLVFault& fault) {
     }
     if (error == TLVDecodingError::InvalidLength) {
         return {rest.data(), "a payload has at least " + counted(shortestPayload, "character") +
-                                 ", and this one has " + std::to_string(left)};
+                                 ", but this one has " + std::to_string(left)};
     }
     if (element.tag.empty()) {
-        return {rest.data(),
-                counted(left, "character") + " left, but a tag takes " + counted(wanted, "character")};
+        return {rest.data(), "a tag takes " + counted(wanted, "character") + ", but " + remaining(left)};
     }
     if (element.length.empty()) {
-        return {rest.data(), counted(left, "character") + " left, but the length of tag " +
-                                 inQuotes(element.tag) + " takes " + counted(wanted, "character")};
+        return {rest.data(), "the length of tag " + inQuotes(element.tag) + " takes " +
+                                 counted(wanted, "character") + ", but " + remaining(left)};
     }
     return wrongLength(fault, format.readLength(element.length), left);
 }
@@ -187,7 +190,7 @@ Finding findingOf(const Elements& elements, const TLVFault& fault) {
     return finding;
 }
 
-// The offset of a place in the payload, counted from the last element that begins before it.
+// The offset of a position, counted from the last element that does not begin after it.
 std::size_t offsetOf(const char* position, std::string_view payload, const Elements& elements) {
     const auto last =
         std::find_if(elements.rbegin(), elements.rend(),
@@ -198,10 +201,10 @@ std::size_t offsetOf(const char* position, std::string_view payload, const Eleme
            korvo::characterCount({start, static_cast<std::size_t>(position - start)});
 }
 
-// A few elements before a place of the payload. A single one that is too long for that may be cut, between
-// two code points.
+// The last few elements before a place in the payload. An element that is too long is cut between two code
+// points.
 std::string_view excerptBefore(std::size_t place, std::string_view payload, const Elements& elements) {
-    constexpr std::size_t mostBytes = 36;  // the text and the caret fit on one line
+    constexpr std::size_t mostBytes = 36;  // so that both excerpts fit on one line
     const auto startOf = [&](const ExplainedElement& element) {
         return static_cast<std::size_t>(element.tag.data() - payload.data());
     };

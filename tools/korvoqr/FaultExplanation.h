@@ -9,8 +9,8 @@
 
 namespace korvoqr {
 
-/// Says in words why and where a walk over a payload has ended early. `elements` are those that the walk has
-/// met before the fault. The result has views into the payload.
+/// Explains why and where a walk over a payload ended early. `elements` are those that the walk visited. The
+/// result has views into the payload.
 [[nodiscard]] ExplainedFault explainFault(std::string_view payload,
                                           const std::vector<ExplainedElement>& elements,
                                           const korvo::TLVFault& fault);

@@ -3,15 +3,15 @@
 
 namespace korvoqr {
 
-/// The formats of the tool's output. A command accepts those that it has. Choose between them with a switch
-/// over all cases and no default, so that a new format does not compile until every switch handles it.
+/// The output formats. Choose between them with a switch over all cases and no default, so that a new format
+/// does not compile until every switch handles it.
 enum class Format : unsigned char {
-    text,   ///< for a person
-    json,   ///< JSON
-    jsonl,  ///< one JSON object on each line
+    text,
+    json,
+    jsonl,  ///< one JSON object per line
 };
 
-/// Whether a format is text for a person rather than JSON for a program.
+/// Whether a format is text for people, not JSON for programs.
 constexpr bool isText(Format format) noexcept {
     bool result = false;
     switch (format) {

@@ -34,10 +34,10 @@ namespace korvoqr {
 
 namespace {
 
-// A small file may announce a picture that fills the memory; no camera makes one of this size.
+// A small file may claim a size that fills the memory; no camera makes pictures of this size.
 constexpr std::int64_t mostPixels = 200'000'000;
 constexpr std::size_t mostBytes = std::size_t{256} * 1024 * 1024;
-// A picture made for it keeps the search for codes busy for minutes; a photo takes about a second.
+// A picture made to harm keeps the search for codes busy for minutes; a photo takes about a second.
 constexpr rlim_t mostSeconds = 20;
 
 constexpr std::uint8_t white = 255;
@@ -85,7 +85,7 @@ Picture loadPicture(const std::string& bytes) {
     if (stbi_info_from_memory(data, size, &picture.width, &picture.height, &channels) == 0) {
         const bool looksRight = bytes.compare(0, 4, "\x89PNG") == 0 || bytes.compare(0, 2, "\xFF\xD8") == 0;
         throw std::runtime_error(looksRight ? "the picture is damaged or too large"
-                                            : "this is no PNG or JPEG picture");
+                                            : "the file is not a PNG or JPEG picture");
     }
     if (std::int64_t{picture.width} * picture.height > mostPixels) {
         throw std::runtime_error("the picture is too large");
@@ -98,8 +98,8 @@ Picture loadPicture(const std::string& bytes) {
     return picture;
 }
 
-// What is transparent shows the paper behind it, which is white; or the dark screen, for light codes, which
-// are turned into dark ones.
+// Transparent pixels take the colour behind the picture: white paper, or a dark screen for light codes. Light
+// codes are inverted.
 std::vector<std::uint8_t> greysOf(const Picture& picture, bool isLightOnDark) {
     std::vector<std::uint8_t> greys(picture.size());
     const stbi_uc* pixel = picture.greyAndAlpha.get();
@@ -111,16 +111,17 @@ std::vector<std::uint8_t> greysOf(const Picture& picture, bool isLightOnDark) {
     return greys;
 }
 
-// A code without a word on its character set is UTF-8 wherever it can be, and a guess elsewhere.
+// A code that does not declare its character set is read as UTF-8 if it is valid; otherwise the library
+// guesses.
 std::string textOf(const ZXing::Result& code) {
     if (code.isPartOfSequence()) {
-        throw std::runtime_error("it holds part of a text that is split over several codes");
+        throw std::runtime_error("it holds one part of a text that is split over several codes");
     }
     const std::string_view bytes = code.bytes().asString();
     return !code.hasECI() && korvo::isUTF8(bytes) ? std::string(bytes) : code.text();
 }
 
-// Makes a code's place in the picture white, so that another look finds those beside it.
+// Paints a code white, so that the next search finds those beside it.
 void paintOver(const ZXing::Result& code, std::vector<std::uint8_t>& greys, int width, int height) {
     const auto [left, right] = std::minmax({code.position().topLeft().x, code.position().topRight().x,
                                             code.position().bottomLeft().x, code.position().bottomRight().x});
@@ -133,15 +134,15 @@ void paintOver(const ZXing::Result& code, std::vector<std::uint8_t>& greys, int 
     }
 }
 
-// One look misses codes where there are many, so looks go on while they find something.
+// One search misses some of many codes, so searches go on as long as they find something.
 std::vector<std::string> findCodes(const Picture& picture, bool isLightOnDark) {
     std::vector<std::string> texts;
     std::vector<std::uint8_t> greys = greysOf(picture, isLightOnDark);
     const ZXing::ImageView view(greys.data(), picture.width, picture.height, ZXing::ImageFormat::Lum);
     const auto hints = ZXing::DecodeHints().setFormats(ZXing::BarcodeFormat::QRCode);
-    constexpr int mostLooks = 100;
+    constexpr int mostSearches = 100;
     bool isNew = true;
-    for (int look = 0; isNew && look < mostLooks; ++look) {
+    for (int search = 0; isNew && search < mostSearches; ++search) {
         isNew = false;
         for (const ZXing::Result& code : ZXing::ReadBarcodes(view, hints)) {
             if (code.isValid()) {
@@ -163,7 +164,7 @@ ImageContent readHere(const std::string& file) {
             content.payloads = findCodes(picture, true);
         }
         if (content.payloads.empty()) {
-            content.problem = "no QR code is found in this picture";
+            content.problem = "there is no QR code in this picture";
         }
     } catch (const std::bad_alloc&) {
         content = {{}, "there is not enough memory for this picture"};
@@ -173,7 +174,7 @@ ImageContent readHere(const std::string& file) {
     return content;
 }
 
-// Writes a text to a pipe: its length, and its bytes. False when the pipe does not take them all.
+// Writes a text to a pipe: its length, then its bytes. False if the write fails.
 [[nodiscard]] bool send(int pipe, const std::string& text) {
     const std::uint64_t length = text.size();
     std::string message(reinterpret_cast<const char*>(&length), sizeof length);
@@ -200,7 +201,7 @@ std::vector<std::string> received(std::string_view bytes) {
     return texts;
 }
 
-// What the child process does: it reads the picture, and sends the problem and the payloads.
+// The child process: reads the picture, and sends the problem and then the payloads.
 [[noreturn]] void readInChild(const std::string& file, int pipe) {
     const rlimit limit{mostSeconds, mostSeconds};
     ::setrlimit(RLIMIT_CPU, &limit);
@@ -212,10 +213,10 @@ std::vector<std::string> received(std::string_view bytes) {
     ::_exit(isSent ? 0 : 1);
 }
 
-// What a child has sent, if it has ended well.
+// The content that the child sent, or a problem if the child failed.
 ImageContent contentFrom(std::string_view message, int waitStatus) {
     if (WIFSIGNALED(waitStatus) && (WTERMSIG(waitStatus) == SIGXCPU || WTERMSIG(waitStatus) == SIGKILL)) {
-        return {{}, "looking for codes in this picture takes too long"};
+        return {{}, "the search for codes in this picture takes too long"};
     }
     std::vector<std::string> texts = received(message);
     if (!WIFEXITED(waitStatus) || WEXITSTATUS(waitStatus) != 0 || texts.empty()) {
@@ -229,7 +230,7 @@ ImageContent contentFrom(std::string_view message, int waitStatus) {
 
 }  // namespace
 
-// In a process of its own: what a stranger's picture makes of libraries that others wrote ends there.
+// A process of its own reads the picture, so that a crash in a third-party decoder does not end the run.
 ImageContent readQRCodes(const std::string& file) {
     std::array<int, 2> ends{};
     if (::pipe(ends.data()) != 0) {

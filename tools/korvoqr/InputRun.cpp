@@ -15,7 +15,7 @@
 namespace korvoqr {
 
 InputRun::InputRun(const InputOptions& options) : options_(options) {
-    // A reader that has gone is told by the failed write, so that the run ends with its ordinary status.
+    // When the reader has gone, the write fails instead, so the run ends with its ordinary status.
     std::signal(SIGPIPE, SIG_IGN);
 }
 
@@ -73,7 +73,7 @@ ExitStatus InputRun::finish() {
     }
     if (!readError_.empty()) {
         std::fprintf(stderr,
-                     "korvoqr: cannot read %s; type --input FILE with a file of payloads, one a line\n",
+                     "korvoqr: cannot read %s; type --input FILE with a file of payloads, one per line\n",
                      readError_.c_str());
         someInputError_ = true;
     }

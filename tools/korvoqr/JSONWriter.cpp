@@ -67,7 +67,7 @@ JSONWriter& JSONWriter::end(char bracket) {
     return *this;
 }
 
-// Writes what belongs between the last value and the next name or value.
+// Writes the comma and the line break before a name or value.
 void JSONWriter::separate() {
     if (std::exchange(isNamed_, false)) {
         return;

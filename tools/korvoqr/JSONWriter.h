@@ -8,8 +8,7 @@
 
 namespace korvoqr {
 
-/// Writes JSON (RFC 8259) from left to right: compact on one line, or indented by two blanks a level. Values
-/// follow each other inside an array; inside an object each follows its name:
+/// Writes JSON (RFC 8259) from left to right, on one line or indented by two blanks per level:
 ///
 ///     json.beginObject().name("code").string("3").endObject();
 class JSONWriter {
@@ -23,7 +22,7 @@ class JSONWriter {
     JSONWriter& beginArray() { return begin('['); }
     JSONWriter& endArray() { return end(']'); }
 
-    /// The name of the member whose value comes next. It is written as it is, so it must need no escapes.
+    /// The name of a member; its value comes next. A name is not escaped.
     JSONWriter& name(std::string_view name);
 
     /// Bytes that are not UTF-8 become U+FFFD.
@@ -45,8 +44,8 @@ class JSONWriter {
     std::string text_;
     Layout layout_;
     std::size_t depth_ = 0;
-    bool isFirst_ = true;  // on its level
-    bool isNamed_ = false;
+    bool isFirst_ = true;   // nothing has been written on this level
+    bool isNamed_ = false;  // the name of the next value has been written
 };
 
 }  // namespace korvoqr

@@ -21,9 +21,9 @@ namespace {
 struct Answers {
     std::string text;
     Tally tally;
-    std::vector<std::uint64_t> unprintable;  // which of them are accepted, but empty as JSON
+    std::vector<std::uint64_t> unprintable;  // the numbers of records whose JSON is empty, from 1
     std::size_t bytes = 0;                   // of input
-    std::string place;                       // the picture that a single one comes from
+    std::string place;                       // the picture, if a single payload comes from one
 
     void clear() {
         text.clear();
@@ -34,7 +34,7 @@ struct Answers {
 
 void answer(std::string_view payload, Format format, const Origin& origin, Answers& answers) {
     const auto response = korvo::QRCodeParser::parseQRData(payload);
-    // The records and code lists of text output need something between them.
+    // In text, an empty line separates two answers.
     if (isText(format) && answers.tally.payloads() > 0) {
         answers.text += '\n';
     }
@@ -96,7 +96,7 @@ class ParseRun {
             },
             [this](const Answers& answers) {
                 deliver(answers);
-                // Whoever wrote the payloads may be waiting for the answers.
+                // The writer of the payloads may be waiting for the answers.
                 run_.output().flush();
             });
         run_.forEachBlock([&batch](std::string block) { batch.add(std::move(block)); });
@@ -117,7 +117,7 @@ class ParseRun {
         for (const std::uint64_t number : answers.unprintable) {
             progress_.clear();
             std::fprintf(stderr,
-                         "korvoqr: %s is accepted, but JSON output is empty for values outside ASCII; "
+                         "korvoqr: %s is accepted, but its JSON is empty because a value is not ASCII; "
                          "type --format jsonl to see it\n",
                          answers.place.empty()
                              ? ("payload " + std::to_string(tally_.payloads() + number)).c_str()
@@ -131,7 +131,7 @@ class ParseRun {
     const ParseOptions& options_;
     InputRun run_;
     Progress progress_;
-    // A program gets a record's values as they are; a terminal would obey some of them.
+    // A program gets a record's values unchanged; a terminal would obey some of them.
     bool isForPerson_ = isTerminal(STDOUT_FILENO);
     Tally tally_;
     std::uint64_t bytes_ = 0;

@@ -16,7 +16,7 @@ int readChunks(int fileDescriptor, const std::function<bool(std::string_view)>& 
     while (true) {
         const ssize_t count = ::read(fileDescriptor, buffer.data(), buffer.size());
         if (count < 0 && errno == EAGAIN) {
-            // Whoever shares the descriptor has made it one that does not wait.
+            // Another process that shares the descriptor has set O_NONBLOCK.
             pollfd ready{fileDescriptor, POLLIN, 0};
             ::poll(&ready, 1, -1);
             continue;

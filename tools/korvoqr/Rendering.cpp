@@ -17,7 +17,7 @@ std::string_view nameOf(std::string_view code) {
     return entry != nullptr ? entry->name : "unknown";
 }
 
-// The first members of an object whose payload comes from a picture.
+// If the payload comes from a picture, these members come first.
 void appendOrigin(JSONWriter& json, const Origin& origin) {
     if (origin.isPicture()) {
         json.name("file").string(korvo::isUTF8(origin.file) ? origin.file : visible(origin.file));
@@ -42,7 +42,7 @@ std::string errorJSON(const korvo::QRCodeError& error, const Origin& origin, Lay
     return json.text() + '\n';
 }
 
-// The record's own JSON text; empty where that is.
+// The record's own JSON, which is empty if a value is not ASCII.
 std::string dataJSON(const korvo::QRCodeData& data, const Origin& origin) {
     std::string record = data.jsonOutput();
     if (origin.isPicture() && !record.empty()) {

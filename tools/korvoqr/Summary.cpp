@@ -33,7 +33,7 @@ double shareOf(std::uint64_t part, std::uint64_t whole) {
 
 std::string barOf(double share, const Style& style) {
     constexpr int longest = 10;
-    // What is there at all gets a mark.
+    // Even the smallest share gets a mark.
     const int length = share > 0 ? std::max(1, static_cast<int>(std::lround(share * longest))) : 0;
     std::string bar;
     for (int i = 0; i < length; ++i) {
