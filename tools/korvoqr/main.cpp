@@ -156,8 +156,12 @@ std::string reasonOf(const CommandLine& line, const CLI::Error& error, const std
         return std::string(firstArgument.front() == '-' ? "there is no option " : "there is no command ") +
                korvoqr::visible(firstArgument);
     }
-    const bool isValueMissing = dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr;
-    return isValueMissing ? reason.substr(0, reason.find(':')) + " needs a value" : reason;
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
+        const bool isMissing = reason.find("missing") != std::string::npos;
+        return reason.substr(0, reason.find(':')) +
+               (isMissing ? " needs a value" : " may be given only once");
+    }
+    return reason;
 }
 
 int reportUsageError(const CommandLine& line, const CLI::Error& error, const std::string& firstArgument) {
@@ -196,7 +200,11 @@ int run(int argc, char** argv) {
         line.app.parse(arguments);
     } catch (const CLI::Success& wanted) {
         const int status = line.app.exit(wanted);
-        return std::cout.flush() ? status : static_cast<int>(korvoqr::usageOrInputError);
+        if (std::cout.flush()) {
+            return status;
+        }
+        std::fputs("korvoqr: cannot write standard output\n", stderr);
+        return korvoqr::usageOrInputError;
     } catch (const CLI::Error& error) {
         return reportUsageError(line, error, argc > 1 ? argv[1] : "");
     }
