@@ -12,14 +12,11 @@ struct KorvoQRCodeDataStorage {
     std::shared_ptr<korvo::QRCodeData> record;
 };
 
-// A method without a declaration in the header compiles; its use does not, here where no method is known yet.
+// A method without a declaration in the header compiles. Its use before the implementation does not.
 #define KORVO_USE(name, Name) data.name = other.name;
 // clang-format off
 [[maybe_unused]] static void useEveryProperty(QRCodeData* data, QRCodeData* other) {
-    KORVO_VALUE_PROPERTIES(KORVO_USE)
-    KORVO_IDENTIFIER_FLAG_PROPERTIES(KORVO_USE)
-    KORVO_LENGTH_PROPERTIES(KORVO_USE)
-    KORVO_ADDITIONAL_DATA_FLAG_PROPERTIES(KORVO_USE)
+    KORVO_QRCODEDATA_PROPERTIES(KORVO_USE, KORVO_USE)
 }
 // clang-format on
 #undef KORVO_USE

@@ -15,31 +15,31 @@
 namespace korvoqr {
 
 /// Answers blocks of input on several threads and delivers the answers in the order of the blocks. With one
-/// job, or where no thread can be started, everything happens in the caller's thread, during `add`.
+/// job, or if no thread can be started, everything happens in the caller's thread, during `add`.
 ///
-/// `answer` makes an `Answer` of a block, on any thread. It gets one that is new or has been delivered, whose
-/// memory it had better use again: answers are large. `deliver` is called with one answer at a time, as soon
-/// as that and all before it are there. At most four blocks for each thread are held at once.
+/// `answer` turns a block into an `Answer`, on any thread. The `Answer` that it gets is new or has been
+/// delivered already; answers are large, so reuse its memory. `deliver` gets one answer at a time, as soon as
+/// that answer and all before it are ready. At most four blocks per thread are in memory at once.
 template <class Answer>
 class Batch {
   public:
     Batch(std::size_t jobs, std::function<void(const std::string&, Answer&)> answer,
           std::function<void(const Answer&)> deliver)
-        : answer_(std::move(answer)), deliver_(std::move(deliver)), most_(4 * jobs) {
-        // Where the machine gives no more threads, those that there are do the work.
+        : answer_(std::move(answer)), deliver_(std::move(deliver)), most_(blocksPerThread * jobs) {
+        // If the machine refuses a thread, those that have started do the work.
         try {
             for (std::size_t i = 0; jobs > 1 && i < jobs; ++i) {
                 workers_.emplace_back([this] { work(); });
             }
         } catch (const std::exception&) {
-            most_ = 4 * (workers_.size() + 1);
+            most_ = blocksPerThread * (workers_.size() + 1);
         }
     }
     Batch(const Batch&) = delete;
     Batch& operator=(const Batch&) = delete;
     ~Batch() { stop(); }
 
-    /// Takes a block over; waits while too many are under way.
+    /// Takes a block; waits while too many are in progress.
     void add(std::string block) {
         if (workers_.empty()) {
             answer_(block, own_);
@@ -49,13 +49,13 @@ class Batch {
         std::unique_lock lock(mutex_);
         changed_.wait(lock, [this] { return tasks_.size() < most_ || failure_; });
         if (failure_) {
-            return;  // for finish to tell
+            return;  // finish() reports it
         }
         tasks_.push_back({std::move(block), {}, false});
         changed_.notify_all();
     }
 
-    /// Waits until everything has been delivered. Throws what a thread has thrown.
+    /// Waits until every answer has been delivered. Rethrows an exception of a thread.
     void finish() {
         {
             std::unique_lock lock(mutex_);
@@ -68,6 +68,8 @@ class Batch {
     }
 
   private:
+    static constexpr std::size_t blocksPerThread = 4;
+
     struct Task {
         std::string block;
         Answer answer;
@@ -81,7 +83,7 @@ class Batch {
             if (started_ == tasks_.size() || failure_) {
                 return;
             }
-            // Others add and take away at the ends only, which moves no task.
+            // The reference stays valid: other threads change the deque only at its ends.
             Task& task = tasks_[started_++];
             try {
                 Answer answer = takeSpare();
@@ -144,7 +146,7 @@ class Batch {
     std::condition_variable changed_;
     std::deque<Task> tasks_;
     std::vector<Answer> spares_;
-    Answer own_;  // the caller's, where it does the work
+    Answer own_;  // for the caller's thread, if there are no others
     std::size_t started_ = 0;
     bool isDelivering_ = false;
     bool isEnding_ = false;

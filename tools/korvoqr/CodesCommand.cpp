@@ -1,11 +1,11 @@
 #include "Commands.h"
 #include "InputRun.h"
-#include <KorvoQRParser/Validation/KorvoErrorConstants.h>
+#include "JSONWriter.h"
+#include <KorvoQRParser/KorvoQRParser.h>
 
 #include <algorithm>
 #include <cstdio>
 
-#include <nlohmann/json.hpp>
 #include <unistd.h>
 
 namespace korvoqr {
@@ -15,15 +15,18 @@ namespace {
 using Entries = std::vector<const korvo::ErrorCatalogueEntry*>;
 
 std::string codesJSON(const Entries& entries) {
-    nlohmann::ordered_json list = nlohmann::ordered_json::array();
+    JSONWriter json(JSONWriter::Layout::indented);
+    json.beginArray();
     for (const auto* const entry : entries) {
-        list.push_back({{"code", entry->code},
-                        {"name", entry->name},
-                        {"meaning", entry->meaning},
-                        {"twoDigitTag", entry->twoDigitTag},
-                        {"oneCharacterTag", entry->oneCharacterTag}});
+        json.beginObject();
+        json.name("code").string(entry->code);
+        json.name("name").string(entry->name);
+        json.name("meaning").string(entry->meaning);
+        json.name("twoDigitTag").string(entry->twoDigitTag);
+        json.name("oneCharacterTag").string(entry->oneCharacterTag);
+        json.endObject();
     }
-    return list.dump(2) + '\n';
+    return json.endArray().text() + '\n';
 }
 
 std::string codesText(const Entries& entries, const Style& style) {
@@ -32,8 +35,7 @@ std::string codesText(const Entries& entries, const Style& style) {
     for (const auto* const entry : entries) {
         text +=
             painted(style, Paint::heading, padded(entry->code, nameColumn) + std::string(entry->name)) + '\n';
-        const std::size_t width = style.width > nameColumn ? style.width - nameColumn : 0;
-        for (const std::string_view line : wrapped(entry->meaning, width, true)) {
+        for (const std::string_view line : wrapped(entry->meaning, style.widthFrom(nameColumn), true)) {
             text += std::string(nameColumn, ' ') + std::string(line) + '\n';
         }
         const std::string tags = "Two-digit tag: " + std::string(entry->twoDigitTag) +
@@ -43,28 +45,40 @@ std::string codesText(const Entries& entries, const Style& style) {
     return text;
 }
 
+Entries allEntries() {
+    Entries entries;
+    for (const auto& entry : korvo::errorCatalogue) {
+        entries.push_back(&entry);
+    }
+    return entries;
+}
+
 }  // namespace
 
 ExitStatus runCodes(const CodesOptions& options) {
     Entries entries;
     for (const std::string& code : options.codes) {
-        const auto* const entry = korvo::findErrorCatalogueEntry(code);
-        if (entry == nullptr) {
+        entries.push_back(korvo::findErrorCatalogueEntry(code));
+        if (entries.back() == nullptr) {
             std::fprintf(stderr, "korvoqr: there is no code %s; type korvoqr codes for all of them\n",
                          inQuotes(code).c_str());
             return usageOrInputError;
         }
-        entries.push_back(entry);
     }
     if (options.codes.empty()) {
-        for (const auto& entry : korvo::errorCatalogue) {
-            entries.push_back(&entry);
-        }
+        entries = allEntries();
     }
     const InputOptions none;
     InputRun run(none);
-    run.output().write(options.asJSON ? codesJSON(entries)
-                                      : codesText(entries, styleOf(STDOUT_FILENO, options.colour)));
+    switch (options.format) {
+        case Format::text:
+            run.output().write(codesText(entries, styleOf(STDOUT_FILENO, options.colour)));
+            break;
+        case Format::json:
+        case Format::jsonl:
+            run.output().write(codesJSON(entries));
+            break;
+    }
     return run.finish();
 }
 

@@ -10,34 +10,69 @@
 
 namespace korvoqr {
 
-ExitStatus runExplain(const ExplainOptions& options) {
-    InputRun run(options.input);
-    const Style style = styleOf(STDOUT_FILENO, options.colour);
-    const bool isForPerson = isTerminal(STDOUT_FILENO);
-    bool isFirst = true;
-    const auto explainOne = [&](std::string_view payload, const Origin& origin) {
+namespace {
+
+class ExplainRun {
+  public:
+    explicit ExplainRun(const ExplainOptions& options)
+        : format_(options.format), run_(options.input), style_(styleOf(STDOUT_FILENO, options.colour)) {}
+
+    ExitStatus run() {
+        const bool hasArguments = run_.forEachArgument(
+            [this](std::string_view payload, const Origin& origin) { explainOne(payload, origin); });
+        if (!hasArguments) {
+            run_.forEachBlock([this](const std::string& block) {
+                forEachPayload(block, run_.delimiter(),
+                               [this](std::string_view payload) { explainOne(payload, {}); });
+                run_.output().flush();
+            });
+        }
+        return run_.finish();
+    }
+
+  private:
+    void explainOne(std::string_view payload, const Origin& origin) {
         const Explanation explanation = explain(payload);
         if (!explanation.codes.empty()) {
-            run.noteRejected();
+            run_.noteRejected();
         }
-        if (options.asJSON) {
-            const std::string json = explanationJSON(explanation, origin);
-            run.output().write(isForPerson ? harmlessJSON(json) : json);
-            return;
+        switch (format_) {
+            case Format::text:
+                writeText(explanation, origin);
+                break;
+            case Format::json:
+            case Format::jsonl:
+                writeJSON(explanation, origin);
+                break;
         }
-        run.output().write(std::exchange(isFirst, false) ? "" : "\n");
-        run.output().write(origin.isPicture() ? painted(style, Paint::heading, origin.place() + ':') + '\n'
-                                              : "");
-        run.output().write(explanationText(explanation, style));
-    };
-    if (!run.forEachArgument(explainOne)) {
-        run.forEachBlock([&](const std::string& block) {
-            forEachPayload(block, run.delimiter(),
-                           [&](std::string_view payload) { explainOne(payload, {}); });
-            run.output().flush();
-        });
     }
-    return run.finish();
+
+    void writeText(const Explanation& explanation, const Origin& origin) {
+        if (!std::exchange(isFirst_, false)) {
+            run_.output().write("\n");
+        }
+        if (origin.isPicture()) {
+            run_.output().write(painted(style_, Paint::heading, origin.place() + ':') + '\n');
+        }
+        run_.output().write(explanationText(explanation, style_));
+    }
+
+    void writeJSON(const Explanation& explanation, const Origin& origin) {
+        const std::string json = explanationJSON(explanation, origin);
+        run_.output().write(isForPerson_ ? harmlessJSON(json) : json);
+    }
+
+    Format format_;
+    InputRun run_;
+    Style style_;
+    bool isForPerson_ = isTerminal(STDOUT_FILENO);
+    bool isFirst_ = true;
+};
+
+}  // namespace
+
+ExitStatus runExplain(const ExplainOptions& options) {
+    return ExplainRun(options).run();
 }
 
 }  // namespace korvoqr

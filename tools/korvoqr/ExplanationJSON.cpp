@@ -1,69 +1,116 @@
 #include "ExplanationRendering.h"
+#include "JSONWriter.h"
 
-#include <nlohmann/json.hpp>
+#include <algorithm>
+#include <span>
 
 namespace korvoqr {
 
 namespace {
 
-using JSON = nlohmann::ordered_json;
+using Entries = std::vector<const korvo::ErrorCatalogueEntry*>;
 
-JSON codesOf(const std::vector<const korvo::ErrorCatalogueEntry*>& entries) {
-    JSON codes = JSON::array();
+void appendCodes(JSONWriter& json, const Entries& entries) {
+    json.beginArray();
     for (const auto* const entry : entries) {
-        codes.push_back({{"code", entry->code}, {"name", entry->name}, {"meaning", entry->meaning}});
+        json.beginObject();
+        json.name("code").string(entry->code);
+        json.name("name").string(entry->name);
+        json.name("meaning").string(entry->meaning);
+        json.endObject();
     }
-    return codes;
+    json.endArray();
 }
 
-JSON elementOf(const ExplainedElement& element) {
-    return {{"offset", element.offset},   {"tag", element.tag},
-            {"length", element.length},   {"value", element.value.text()},
-            {"meaning", element.meaning}, {"errors", codesOf(element.violations)}};
+void appendFacts(JSONWriter& json, const ExplainedElement& element) {
+    json.name("offset").number(element.offset);
+    json.name("tag").string(element.tag);
+    json.name("length").string(element.length);
+    json.name("value").string(element.value.text());
+    json.name("meaning").string(element.meaning);
+    appendCodes(json.name("errors"), element.violations);
 }
 
-JSON elementsOf(const std::vector<ExplainedElement>& elements) {
-    JSON list = JSON::array();
-    for (const ExplainedElement& element : elements) {
-        if (element.isInsideAdditionalData) {
-            list.back()["elements"].push_back(elementOf(element));
-        } else {
-            list.push_back(elementOf(element));
+// An element; its object holds the elements inside it.
+void appendElement(JSONWriter& json, const ExplainedElement& element,
+                   std::span<const ExplainedElement> inside) {
+    appendFacts(json.beginObject(), element);
+    if (!inside.empty()) {
+        json.name("elements").beginArray();
+        for (const ExplainedElement& inner : inside) {
+            appendFacts(json.beginObject(), inner);
+            json.endObject();
         }
+        json.endArray();
     }
-    return list;
+    json.endObject();
+}
+
+void appendElements(JSONWriter& json, const std::vector<ExplainedElement>& elements) {
+    json.beginArray();
+    for (auto element = elements.begin(); element != elements.end();) {
+        const auto next = std::find_if_not(element + 1, elements.end(), [](const ExplainedElement& other) {
+            return other.isInsideAdditionalData;
+        });
+        appendElement(json, *element, {element + 1, next});
+        element = next;
+    }
+    json.endArray();
+}
+
+void appendFault(JSONWriter& json, const ExplainedFault& fault) {
+    json.name("fault").beginObject();
+    json.name("error").string(fault.error);
+    json.name("offset").number(fault.offset);
+    json.name("reason").string(fault.reason);
+    json.name("before").string(fault.before);
+    json.name("after").string(fault.after);
+    json.endObject();
+}
+
+void appendFormat(JSONWriter& json, std::optional<bool> isTwoDigit) {
+    json.name("format");
+    if (isTwoDigit) {
+        json.string(*isTwoDigit ? "two-digit" : "one-character");
+    } else {
+        json.null();
+    }
+}
+
+void appendErrorCodes(JSONWriter& json, const std::vector<std::string>& codes) {
+    json.name("errorCodes").beginArray();
+    for (const std::string& code : codes) {
+        json.string(code);
+    }
+    json.endArray();
 }
 
 }  // namespace
 
 std::string explanationJSON(const Explanation& explanation, const Origin& origin) {
-    JSON object;
+    JSONWriter json(JSONWriter::Layout::oneLine);
+    json.beginObject();
     if (origin.isPicture()) {
-        object["file"] = origin.file;
-        object["code"] = origin.code;
+        json.name("file").string(origin.file);
+        json.name("code").number(origin.code);
     }
-    object["payload"] = explanation.payload;
-    if (explanation.isTwoDigit) {
-        object["format"] = *explanation.isTwoDigit ? "two-digit" : "one-character";
-    } else {
-        object["format"] = nullptr;
-    }
-    object["accepted"] = explanation.codes.empty();
-    object["errorCodes"] = explanation.codes;
-    object["elements"] = elementsOf(explanation.elements);
-    object["absent"] = codesOf(explanation.absent);
-    if (const auto& fault = explanation.fault) {
-        object["fault"] = {{"error", fault->error},
-                           {"offset", fault->offset},
-                           {"reason", fault->reason},
-                           {"before", fault->before},
-                           {"after", fault->after}};
+    json.name("payload").string(explanation.payload);
+    appendFormat(json, explanation.isTwoDigit);
+    json.name("accepted").boolean(explanation.codes.empty());
+    appendErrorCodes(json, explanation.codes);
+    appendElements(json.name("elements"), explanation.elements);
+    appendCodes(json.name("absent"), explanation.absent);
+    if (explanation.fault) {
+        appendFault(json, *explanation.fault);
     }
     if (explanation.computedChecksum) {
-        object["checksum"] = {{"found", explanation.elements.back().value.text()},
-                              {"computed", *explanation.computedChecksum}};
+        json.name("checksum").beginObject();
+        json.name("found").string(explanation.elements.back().value.text());
+        json.name("computed").string(*explanation.computedChecksum);
+        json.endObject();
     }
-    return object.dump(-1, ' ', false, JSON::error_handler_t::replace) + '\n';
+    json.endObject();
+    return json.text() + '\n';
 }
 
 }  // namespace korvoqr

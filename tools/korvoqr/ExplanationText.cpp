@@ -1,20 +1,21 @@
 #include "ExplanationRendering.h"
-#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 
 namespace korvoqr {
 
 namespace {
 
-// Where the columns of the table begin: offset, tag, length, meaning, value.
+// The columns of the table begin here; the offset is in column 0.
 constexpr std::size_t tagColumn = 8;
 constexpr std::size_t lengthColumn = 15;
 constexpr std::size_t meaningColumn = 20;
 constexpr std::size_t valueColumn = 48;
-constexpr std::size_t gap = 2;  // blanks between two of them
+constexpr std::size_t gap = 2;  // blanks between two columns
+
+std::string blanks(std::size_t count) {
+    return std::string(count, ' ');
+}
 
 class Page {
   public:
@@ -26,7 +27,7 @@ class Page {
             addElements();
         }
         if (!explanation_.absent.empty()) {
-            text_ += "\nElements that are not there:\n";
+            text_ += "\nMissing elements:\n";
             for (const auto* const entry : explanation_.absent) {
                 addViolation(*entry, 2);
             }
@@ -57,40 +58,52 @@ class Page {
 
     void addElements() {
         text_ += '\n';
-        text_ += painted(style_, Paint::heading, "Offset  Tag    Len  Meaning                     Value");
-        text_ += '\n';
-        if (style_.boxes) {
-            const std::array<std::size_t, 5> ends{tagColumn, lengthColumn, meaningColumn, valueColumn,
-                                                  std::max(style_.width, valueColumn + 5) + gap};
-            std::string rule;
-            std::size_t begin = 0;
-            for (const std::size_t end : ends) {
-                for (std::size_t i = begin; i + gap < end; ++i) {
-                    rule += "─";
-                }
-                rule += end == ends.back() ? "" : std::string(gap, ' ');
-                begin = end;
-            }
-            text_ += painted(style_, Paint::dim, rule) + '\n';
-        }
+        addHeading();
         for (std::size_t i = 0; i < explanation_.elements.size(); ++i) {
             const auto& elements = explanation_.elements;
             addElement(elements[i], i + 1 < elements.size() && elements[i + 1].isInsideAdditionalData);
         }
     }
 
+    void addHeading() {
+        constexpr std::string_view lastHeading = "Value";
+        text_ += painted(style_, Paint::heading,
+                         padded("Offset", tagColumn) + padded("Tag", lengthColumn - tagColumn) +
+                             padded("Len", meaningColumn - lengthColumn) +
+                             padded("Meaning", valueColumn - meaningColumn) + std::string(lastHeading)) +
+                 '\n';
+        if (!style_.boxes) {
+            return;
+        }
+        std::string rule;
+        std::size_t begin = 0;
+        for (const std::size_t next : {tagColumn, lengthColumn, meaningColumn, valueColumn}) {
+            rule += lineOf(next - begin - gap) + blanks(gap);
+            begin = next;
+        }
+        rule += lineOf(std::max(style_.width - valueColumn, lastHeading.size()));
+        text_ += painted(style_, Paint::dim, rule) + '\n';
+    }
+
+    static std::string lineOf(std::size_t columns) {
+        std::string line;
+        for (std::size_t i = 0; i < columns; ++i) {
+            line += "─";
+        }
+        return line;
+    }
+
     void addElement(const ExplainedElement& element, bool isFollowedInside) {
-        std::array<char, 32> offset{};
-        std::snprintf(offset.data(), offset.size(), "%6zu  ", element.offset);
-        text_ += painted(style_, Paint::dim, offset.data());
-        std::string tag = (element.isInsideAdditionalData ? "62/" : "") + std::string(element.tag);
+        const std::string offset = rightAligned(std::to_string(element.offset), tagColumn - gap);
+        text_ += painted(style_, Paint::dim, offset + blanks(gap));
+        std::string tag = element.isInsideAdditionalData ? element.name : std::string(element.tag);
         if (element.isInsideAdditionalData && style_.boxes) {
             tag = (isFollowedInside ? "├─ " : "└─ ") + std::string(element.tag);
         }
         text_ += padded(tag, lengthColumn - tagColumn);
         text_ += padded(visible(element.length), meaningColumn - lengthColumn);
         text_ += padded(element.meaning, valueColumn - meaningColumn);
-        // What is inside follows in rows of its own.
+        // The elements inside follow as rows of their own.
         const bool isOpened = isFollowedInside && !element.isInsideAdditionalData;
         addColumn(isOpened ? "" : inQuotes(element.value.text()), valueColumn, false);
         for (const auto* const entry : element.violations) {
@@ -98,12 +111,11 @@ class Page {
         }
     }
 
-    // The text at a column of the line begun, and further lines of it at the same one.
+    // Continues the current line with the text, and aligns the text's further lines at the same column.
     void addColumn(const std::string& text, std::size_t column, bool atBlanks) {
-        const std::size_t width = style_.width > column ? style_.width - column : 0;
-        const auto lines = wrapped(text, width, atBlanks);
+        const auto lines = wrapped(text, style_.widthFrom(column), atBlanks);
         for (std::size_t i = 0; i < lines.size(); ++i) {
-            text_ += i == 0 ? "" : std::string(column, ' ');
+            text_ += i == 0 ? "" : blanks(column);
             text_ += lines[i];
             text_ += '\n';
         }
@@ -118,7 +130,7 @@ class Page {
 
     void addViolation(const korvo::ErrorCatalogueEntry& entry, std::size_t column) {
         const std::string_view mark = style_.boxes ? "✗ " : "! ";
-        text_ += std::string(column, ' ');
+        text_ += blanks(column);
         std::string code(entry.code);
         code += ' ';
         code += entry.name;
@@ -126,10 +138,12 @@ class Page {
         std::string meaning(entry.meaning);
         if (entry.code == korvo::KorvoErrorConstants::crcInvalidValue && explanation_.computedChecksum) {
             meaning += " Found: " + inQuotes(explanation_.elements.back().value.text()) +
-                       "; the payload should end with 6304" + *explanation_.computedChecksum + '.';
+                       "; the payload should end with " + std::string(checksumHead) +
+                       *explanation_.computedChecksum + '.';
         }
-        text_ += std::string(column + 2, ' ');
-        addColumn(meaning, column + 2, true);
+        const std::size_t textColumn = column + displayWidth(mark);
+        text_ += blanks(textColumn);
+        addColumn(meaning, textColumn, true);
     }
 
     void addFault(const ExplainedFault& fault) {
@@ -144,15 +158,15 @@ class Page {
             after.data() + after.size() == explanation_.payload.data() + explanation_.payload.size();
         const std::string head = (isBeginning ? "  " : "  ...") + visible(before);
         text_ += head + visible(after) + (isEnd ? "\n" : "...\n");
-        text_ += std::string(displayWidth(head), ' ') + painted(style_, Paint::fault, "^") + '\n';
+        text_ += blanks(displayWidth(head)) + painted(style_, Paint::fault, "^") + '\n';
     }
 
-    // As many code points from the end, or the beginning, of a text as may stand on one side of the caret.
+    // As many code points from the end, or from the beginning, of a text as fit on one side of the caret.
     std::string_view fitting(std::string_view text, bool fromEnd) const {
         constexpr std::size_t aroundBoth = 10;  // blanks and dots
         const std::size_t limit = style_.width == 0 ? 40 : (style_.width - aroundBoth) / 2;
         const auto continues = [&text](std::size_t at) {
-            return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
+            return at < text.size() && isContinuationByte(text[at]);
         };
         while (displayWidth(visible(text)) > limit) {
             std::size_t at = fromEnd ? 1 : text.size() - 1;

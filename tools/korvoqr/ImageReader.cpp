@@ -1,7 +1,7 @@
 #include "ImageReader.h"
 
+#include "LibraryInternals.h"
 #include "PayloadInput.h"
-#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
 
 #include <algorithm>
 #include <array>
@@ -34,18 +34,22 @@ namespace korvoqr {
 
 namespace {
 
-// A small file may announce a picture that fills the memory; no camera makes one of this size.
+// A small file may claim a size that fills the memory; no camera makes pictures of this size.
 constexpr std::int64_t mostPixels = 200'000'000;
 constexpr std::size_t mostBytes = std::size_t{256} * 1024 * 1024;
-// A picture made for it keeps the search for codes busy for minutes; a photo takes about a second.
+// A picture made to harm keeps the search for codes busy for minutes; a photo takes about a second.
 constexpr rlim_t mostSeconds = 20;
+
+constexpr std::uint8_t white = 255;
 
 struct FreePixels {
     void operator()(stbi_uc* pixels) const noexcept { stbi_image_free(pixels); }
 };
 
+constexpr int bytesPerPixel = 2;
+
 struct Picture {
-    std::unique_ptr<stbi_uc, FreePixels> greyAndAlpha;  // two bytes for each pixel
+    std::unique_ptr<stbi_uc, FreePixels> greyAndAlpha;
     int width = 0;
     int height = 0;
 
@@ -81,43 +85,43 @@ Picture loadPicture(const std::string& bytes) {
     if (stbi_info_from_memory(data, size, &picture.width, &picture.height, &channels) == 0) {
         const bool looksRight = bytes.compare(0, 4, "\x89PNG") == 0 || bytes.compare(0, 2, "\xFF\xD8") == 0;
         throw std::runtime_error(looksRight ? "the picture is damaged or too large"
-                                            : "this is no PNG or JPEG picture");
+                                            : "the file is not a PNG or JPEG picture");
     }
     if (std::int64_t{picture.width} * picture.height > mostPixels) {
         throw std::runtime_error("the picture is too large");
     }
-    constexpr int greyAndAlpha = 2;
     picture.greyAndAlpha.reset(
-        stbi_load_from_memory(data, size, &picture.width, &picture.height, &channels, greyAndAlpha));
+        stbi_load_from_memory(data, size, &picture.width, &picture.height, &channels, bytesPerPixel));
     if (!picture.greyAndAlpha) {
         throw std::runtime_error("the picture is damaged");
     }
     return picture;
 }
 
-// What is transparent shows the paper behind it, which is white; or the dark screen, for light codes, which
-// are turned into dark ones.
+// Transparent pixels take the colour behind the picture: white paper, or a dark screen for light codes. Light
+// codes are inverted.
 std::vector<std::uint8_t> greysOf(const Picture& picture, bool isLightOnDark) {
     std::vector<std::uint8_t> greys(picture.size());
     const stbi_uc* pixel = picture.greyAndAlpha.get();
     for (std::uint8_t& grey : greys) {
-        const unsigned ink = isLightOnDark ? pixel[0] : 255U - pixel[0];
-        grey = static_cast<std::uint8_t>(255U - ink * pixel[1] / 255U);
-        pixel += 2;
+        const unsigned ink = isLightOnDark ? pixel[0] : white - pixel[0];
+        grey = static_cast<std::uint8_t>(white - ink * pixel[1] / white);
+        pixel += bytesPerPixel;
     }
     return greys;
 }
 
-// A code without a word on its character set is UTF-8 wherever it can be, and a guess elsewhere.
+// A code that does not declare its character set is read as UTF-8 if it is valid; otherwise the library
+// guesses.
 std::string textOf(const ZXing::Result& code) {
     if (code.isPartOfSequence()) {
-        throw std::runtime_error("it holds part of a text that is split over several codes");
+        throw std::runtime_error("it holds one part of a text that is split over several codes");
     }
     const std::string_view bytes = code.bytes().asString();
     return !code.hasECI() && korvo::isUTF8(bytes) ? std::string(bytes) : code.text();
 }
 
-// Makes a code's place in the picture white, so that another look finds those beside it.
+// Paints a code white, so that the next search finds those beside it.
 void paintOver(const ZXing::Result& code, std::vector<std::uint8_t>& greys, int width, int height) {
     const auto [left, right] = std::minmax({code.position().topLeft().x, code.position().topRight().x,
                                             code.position().bottomLeft().x, code.position().bottomRight().x});
@@ -126,19 +130,19 @@ void paintOver(const ZXing::Result& code, std::vector<std::uint8_t>& greys, int 
     for (int y = std::max(top, 0); y <= std::min(bottom, height - 1); ++y) {
         const auto row = greys.begin() + std::ptrdiff_t{y} * width;
         const int begin = std::clamp(left, 0, width);
-        std::fill(row + begin, row + std::clamp(right + 1, begin, width), std::uint8_t{255});
+        std::fill(row + begin, row + std::clamp(right + 1, begin, width), white);
     }
 }
 
-// One look misses codes where there are many, so looks go on while they find something.
+// One search misses some of many codes, so searches go on as long as they find something.
 std::vector<std::string> findCodes(const Picture& picture, bool isLightOnDark) {
     std::vector<std::string> texts;
     std::vector<std::uint8_t> greys = greysOf(picture, isLightOnDark);
     const ZXing::ImageView view(greys.data(), picture.width, picture.height, ZXing::ImageFormat::Lum);
     const auto hints = ZXing::DecodeHints().setFormats(ZXing::BarcodeFormat::QRCode);
-    constexpr int mostLooks = 100;
+    constexpr int mostSearches = 100;
     bool isNew = true;
-    for (int look = 0; isNew && look < mostLooks; ++look) {
+    for (int search = 0; isNew && search < mostSearches; ++search) {
         isNew = false;
         for (const ZXing::Result& code : ZXing::ReadBarcodes(view, hints)) {
             if (code.isValid()) {
@@ -160,7 +164,7 @@ ImageContent readHere(const std::string& file) {
             content.payloads = findCodes(picture, true);
         }
         if (content.payloads.empty()) {
-            content.problem = "no QR code is found in this picture";
+            content.problem = "there is no QR code in this picture";
         }
     } catch (const std::bad_alloc&) {
         content = {{}, "there is not enough memory for this picture"};
@@ -170,18 +174,19 @@ ImageContent readHere(const std::string& file) {
     return content;
 }
 
-// A text on a pipe: its length, and its bytes.
-void send(int pipe, const std::string& text) {
+// Writes a text to a pipe: its length, then its bytes. False if the write fails.
+[[nodiscard]] bool send(int pipe, const std::string& text) {
     const std::uint64_t length = text.size();
     std::string message(reinterpret_cast<const char*>(&length), sizeof length);
     message += text;
     for (std::size_t sent = 0; sent < message.size();) {
         const ssize_t count = ::write(pipe, message.data() + sent, message.size() - sent);
         if (count < 0) {
-            return;
+            return false;
         }
         sent += static_cast<std::size_t>(count);
     }
+    return true;
 }
 
 std::vector<std::string> received(std::string_view bytes) {
@@ -196,9 +201,36 @@ std::vector<std::string> received(std::string_view bytes) {
     return texts;
 }
 
+// The child process: reads the picture, and sends the problem and then the payloads.
+[[noreturn]] void readInChild(const std::string& file, int pipe) {
+    const rlimit limit{mostSeconds, mostSeconds};
+    ::setrlimit(RLIMIT_CPU, &limit);
+    const ImageContent content = readHere(file);
+    bool isSent = send(pipe, content.problem);
+    for (const std::string& payload : content.payloads) {
+        isSent = isSent && send(pipe, payload);
+    }
+    ::_exit(isSent ? 0 : 1);
+}
+
+// The content that the child sent, or a problem if the child failed.
+ImageContent contentFrom(std::string_view message, int waitStatus) {
+    if (WIFSIGNALED(waitStatus) && (WTERMSIG(waitStatus) == SIGXCPU || WTERMSIG(waitStatus) == SIGKILL)) {
+        return {{}, "the search for codes in this picture takes too long"};
+    }
+    std::vector<std::string> texts = received(message);
+    if (!WIFEXITED(waitStatus) || WEXITSTATUS(waitStatus) != 0 || texts.empty()) {
+        return {{}, "the picture cannot be read"};
+    }
+    ImageContent content{{}, texts.front()};
+    texts.erase(texts.begin());
+    content.payloads = std::move(texts);
+    return content;
+}
+
 }  // namespace
 
-// In a process of its own: what a stranger's picture makes of libraries that others wrote ends there.
+// A process of its own reads the picture, so that a crash in a third-party decoder does not end the run.
 ImageContent readQRCodes(const std::string& file) {
     std::array<int, 2> ends{};
     if (::pipe(ends.data()) != 0) {
@@ -207,40 +239,20 @@ ImageContent readQRCodes(const std::string& file) {
     const pid_t child = ::fork();
     if (child == 0) {
         ::close(ends[0]);
-        const rlimit limit{mostSeconds, mostSeconds};
-        ::setrlimit(RLIMIT_CPU, &limit);
-        const ImageContent content = readHere(file);
-        send(ends[1], content.problem);
-        for (const std::string& payload : content.payloads) {
-            send(ends[1], payload);
-        }
-        ::_exit(0);
+        readInChild(file, ends[1]);
     }
     ::close(ends[1]);
-    std::string bytes;
-    if (child > 0) {
-        readChunks(ends[0], [&bytes](std::string_view chunk) {
-            bytes += chunk;
-            return true;
-        });
-    }
+    std::string message;
+    const int error = readChunks(ends[0], [&message](std::string_view chunk) {
+        message += chunk;
+        return true;
+    });
     ::close(ends[0]);
     int status = 0;
     if (child < 0 || ::waitpid(child, &status, 0) != child) {
         return readHere(file);
     }
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
-        const bool isSlow =
-            WIFSIGNALED(status) && (WTERMSIG(status) == SIGXCPU || WTERMSIG(status) == SIGKILL);
-        return {{},
-                isSlow ? "looking for codes in this picture takes too long" : "the picture cannot be read"};
-    }
-    std::vector<std::string> texts = received(bytes);
-    ImageContent content{{}, texts.empty() ? "the picture cannot be read" : texts.front()};
-    for (std::size_t i = 1; i < texts.size(); ++i) {
-        content.payloads.push_back(std::move(texts[i]));
-    }
-    return content;
+    return contentFrom(error == 0 ? message : "", status);
 }
 
 }  // namespace korvoqr

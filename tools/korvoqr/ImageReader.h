@@ -6,15 +6,15 @@
 
 namespace korvoqr {
 
-/// What a picture holds.
+/// The QR codes of a picture, or the reason for none.
 struct ImageContent {
-    std::vector<std::string> payloads;  ///< the texts of its QR codes, as UTF-8
-    std::string problem;                ///< why there are none, for a person; empty otherwise
+    std::vector<std::string> payloads;  ///< the texts of the codes, as UTF-8
+    std::string problem;                ///< for a person; empty if there are payloads
 };
 
-/// Reads the QR codes of a PNG or JPEG file, a scan or a photo, dark on light or light on dark. A picture
-/// that is made to harm ends with a problem, within half a minute. For a process with one thread.
-ImageContent readQRCodes(const std::string& file);
+/// Reads the QR codes of a PNG or JPEG file, a scan or a photo, dark on light or light on dark. A malicious
+/// picture ends with a problem, within half a minute. Call it only while the process has one thread.
+[[nodiscard]] ImageContent readQRCodes(const std::string& file);
 
 }  // namespace korvoqr
 

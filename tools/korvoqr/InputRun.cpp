@@ -2,7 +2,6 @@
 
 #include "ImageReader.h"
 #include "PayloadInput.h"
-#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
 
 #include <cerrno>
 #include <csignal>
@@ -16,7 +15,7 @@
 namespace korvoqr {
 
 InputRun::InputRun(const InputOptions& options) : options_(options) {
-    // A reader that has gone is told by the failed write, so that the run ends with its ordinary status.
+    // When the reader has gone, the write fails instead, so the run ends with its ordinary status.
     std::signal(SIGPIPE, SIG_IGN);
 }
 
@@ -53,16 +52,15 @@ void InputRun::forEachBlock(const std::function<void(std::string)>& handle) {
             return !output_.isClosed();
         });
     if (error != 0) {
-        const bool isNamed = !options_.file.empty() && options_.file != "-";
-        readError_ = (isNamed ? visible(options_.file) : "standard input") + ": " +
+        readError_ = (isStandardInput(options_.file) ? "standard input" : visible(options_.file)) + ": " +
                      std::strerror(error);  // NOLINT(concurrency-mt-unsafe): one thread reads
     }
 }
 
 std::uint64_t InputRun::fileSize() const {
     struct stat status {};
-    const bool isNamed = !options_.file.empty() && options_.file != "-";
-    const int error = isNamed ? ::stat(options_.file.c_str(), &status) : ::fstat(STDIN_FILENO, &status);
+    const int error = isStandardInput(options_.file) ? ::fstat(STDIN_FILENO, &status)
+                                                     : ::stat(options_.file.c_str(), &status);
     return error == 0 && S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0;
 }
 
@@ -75,7 +73,7 @@ ExitStatus InputRun::finish() {
     }
     if (!readError_.empty()) {
         std::fprintf(stderr,
-                     "korvoqr: cannot read %s; type --input FILE with a file of payloads, one a line\n",
+                     "korvoqr: cannot read %s; type --input FILE with a file of payloads, one per line\n",
                      readError_.c_str());
         someInputError_ = true;
     }

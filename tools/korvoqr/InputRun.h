@@ -12,35 +12,36 @@
 
 namespace korvoqr {
 
-/// What a command's run over its payloads has in common with any other's: pictures, standard output, the
-/// errors on the way and the status at the end.
+/// The common part of a command's run over its payloads: pictures, standard output, errors, and the exit
+/// status.
 class InputRun {
   public:
     explicit InputRun(const InputOptions& options);
 
-    /// Calls `handle` with each payload of the arguments and pictures. False when there are neither, and the
-    /// input file is to be read.
-    bool forEachArgument(const std::function<void(std::string_view payload, const Origin& origin)>& handle);
+    /// Calls `handle` with each payload of the arguments and pictures. False if there are neither; then read
+    /// the input file.
+    [[nodiscard]] bool forEachArgument(
+        const std::function<void(std::string_view payload, const Origin& origin)>& handle);
 
     /// Calls `handle` with blocks of payloads from the input file.
     void forEachBlock(const std::function<void(std::string)>& handle);
 
-    /// Bytes of the input file; 0 when it is no regular file.
+    /// The size of the input file in bytes; 0 if it is not a regular file.
     std::uint64_t fileSize() const;
 
     char delimiter() const noexcept { return options_.nullDelimited ? '\0' : '\n'; }
     Output& output() noexcept { return output_; }
     void noteRejected() noexcept { someRejected_ = true; }
 
-    /// Writes what is left and tells how the run went.
-    ExitStatus finish();
+    /// Writes the remaining output and returns the exit status of the run.
+    [[nodiscard]] ExitStatus finish();
 
   private:
     const InputOptions& options_;
     Output output_;
     bool someRejected_ = false;
     bool someInputError_ = false;
-    std::string readError_;  // for a person; told at the end, when nobody else writes
+    std::string readError_;  // for a person; printed at the end, when no other thread writes
 };
 
 }  // namespace korvoqr

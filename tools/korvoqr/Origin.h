@@ -8,11 +8,11 @@
 
 namespace korvoqr {
 
-/// Which code of which picture a payload comes from.
+/// The picture that a payload comes from, and the number of its code in it.
 struct Origin {
-    std::string file;       ///< as it was given; empty for a payload that comes from no picture
+    std::string file;       ///< as given; empty if the payload does not come from a picture
     std::size_t code = 0;   ///< counted from 1
-    std::size_t codes = 0;  ///< how many the picture has
+    std::size_t codes = 0;  ///< the number of codes in the picture
 
     bool isPicture() const noexcept { return !file.empty(); }
 

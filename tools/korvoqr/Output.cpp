@@ -31,7 +31,7 @@ void Output::writeAll(std::string_view text) {
         if (written >= 0) {
             text.remove_prefix(static_cast<std::size_t>(written));
         } else if (errno == EAGAIN) {
-            // Whoever shares the descriptor has made it one that does not wait.
+            // Another process that shares the descriptor has set O_NONBLOCK.
             pollfd ready{STDOUT_FILENO, POLLOUT, 0};
             ::poll(&ready, 1, -1);
         } else if (errno != EINTR) {

@@ -7,20 +7,20 @@
 
 namespace korvoqr {
 
-/// Standard output, collected into large writes. After a write has failed nothing more is written. One thread
-/// at a time may write; any may ask whether it is closed.
+/// Standard output, collected into large writes. After a failed write nothing more is written. One thread at
+/// a time may write; any thread may ask whether it is closed.
 class Output {
   public:
-    /// Adds a text; writes what has been collected once that is 64 KiB or more.
+    /// Adds a text; writes the collected texts once they are large.
     void write(std::string_view text);
 
-    /// Writes what has been collected.
+    /// Writes the collected texts.
     void flush();
 
-    /// Whether the reader has gone or a write has failed, so that going on is of no use.
+    /// Whether the reader has gone or a write has failed, so that the run can stop.
     bool isClosed() const noexcept { return errorNumber_ != 0; }
 
-    /// The errno of the failed write; 0 while none has failed, EPIPE when the reader has gone.
+    /// The errno of the failed write: EPIPE if the reader has gone, 0 if none has failed.
     int errorNumber() const noexcept { return errorNumber_; }
 
   private:

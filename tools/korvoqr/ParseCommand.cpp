@@ -2,6 +2,7 @@
 #include "Commands.h"
 #include "InputRun.h"
 #include "PayloadInput.h"
+#include "Rendering.h"
 #include "Summary.h"
 
 #include <chrono>
@@ -20,9 +21,9 @@ namespace {
 struct Answers {
     std::string text;
     Tally tally;
-    std::vector<std::uint64_t> unprintable;  // which of them are accepted, but empty as JSON
+    std::vector<std::uint64_t> unprintable;  // the numbers of records whose JSON is empty, from 1
     std::size_t bytes = 0;                   // of input
-    std::string place;                       // the picture that a single one comes from
+    std::string place;                       // the picture, if a single payload comes from one
 
     void clear() {
         text.clear();
@@ -33,8 +34,8 @@ struct Answers {
 
 void answer(std::string_view payload, Format format, const Origin& origin, Answers& answers) {
     const auto response = korvo::QRCodeParser::parseQRData(payload);
-    // The records and code lists of text output need something between them.
-    if (format == Format::text && answers.tally.payloads() > 0) {
+    // In text, an empty line separates two answers.
+    if (isText(format) && answers.tally.payloads() > 0) {
         answers.text += '\n';
     }
     answers.tally.count(response);
@@ -59,7 +60,7 @@ class ParseRun {
         const bool hasArguments =
             run_.forEachArgument([this](std::string_view payload, const Origin& origin) {
                 Answers answers;
-                if (options_.format == Format::text && origin.isPicture()) {
+                if (isText(options_.format) && origin.isPicture()) {
                     answers.text = origin.place() + ":\n";
                 }
                 answers.place = origin.place();
@@ -95,7 +96,7 @@ class ParseRun {
             },
             [this](const Answers& answers) {
                 deliver(answers);
-                // Whoever wrote the payloads may be waiting for the answers.
+                // The writer of the payloads may be waiting for the answers.
                 run_.output().flush();
             });
         run_.forEachBlock([&batch](std::string block) { batch.add(std::move(block)); });
@@ -103,12 +104,12 @@ class ParseRun {
     }
 
     void deliver(const Answers& answers) {
-        if (options_.format == Format::text && tally_.payloads() > 0) {
+        if (isText(options_.format) && tally_.payloads() > 0) {
             run_.output().write("\n");
         }
         if (!isForPerson_) {
             run_.output().write(answers.text);
-        } else if (options_.format == Format::text) {
+        } else if (isText(options_.format)) {
             run_.output().write(harmless(answers.text));
         } else {
             run_.output().write(harmlessJSON(answers.text));
@@ -116,7 +117,7 @@ class ParseRun {
         for (const std::uint64_t number : answers.unprintable) {
             progress_.clear();
             std::fprintf(stderr,
-                         "korvoqr: %s is accepted, but JSON output is empty for values outside ASCII; "
+                         "korvoqr: %s is accepted, but its JSON is empty because a value is not ASCII; "
                          "type --format jsonl to see it\n",
                          answers.place.empty()
                              ? ("payload " + std::to_string(tally_.payloads() + number)).c_str()
@@ -130,7 +131,7 @@ class ParseRun {
     const ParseOptions& options_;
     InputRun run_;
     Progress progress_;
-    // A program gets a record's values as they are; a terminal would obey some of them.
+    // A program gets a record's values unchanged; a terminal would obey some of them.
     bool isForPerson_ = isTerminal(STDOUT_FILENO);
     Tally tally_;
     std::uint64_t bytes_ = 0;

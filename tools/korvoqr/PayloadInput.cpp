@@ -16,7 +16,7 @@ int readChunks(int fileDescriptor, const std::function<bool(std::string_view)>& 
     while (true) {
         const ssize_t count = ::read(fileDescriptor, buffer.data(), buffer.size());
         if (count < 0 && errno == EAGAIN) {
-            // Whoever shares the descriptor has made it one that does not wait.
+            // Another process that shares the descriptor has set O_NONBLOCK.
             pollfd ready{fileDescriptor, POLLIN, 0};
             ::poll(&ready, 1, -1);
             continue;
@@ -52,13 +52,17 @@ int readBlocks(int fileDescriptor, char delimiter, const std::function<bool(std:
     return error;
 }
 
+bool isStandardInput(const std::string& name) noexcept {
+    return name.empty() || name == "-";
+}
+
 InputFile::InputFile(const std::string& name)
-    : isStandardInput_(name.empty() || name == "-"),
+    : isOwned_(!isStandardInput(name)),
       // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system's own interface
-      descriptor_(isStandardInput_ ? STDIN_FILENO : ::open(name.c_str(), O_RDONLY | O_CLOEXEC)) {}
+      descriptor_(isOwned_ ? ::open(name.c_str(), O_RDONLY | O_CLOEXEC) : STDIN_FILENO) {}
 
 InputFile::~InputFile() {
-    if (!isStandardInput_ && descriptor_ >= 0) {
+    if (isOwned_ && descriptor_ >= 0) {
         ::close(descriptor_);
     }
 }

@@ -8,17 +8,18 @@
 
 namespace korvoqr {
 
-/// Reads a file descriptor to its end. Calls `handle` with what each read has brought, whose bytes live until
-/// that call returns; reading ends when it returns false. Returns 0, or the errno of a failed read.
-int readChunks(int fileDescriptor, const std::function<bool(std::string_view)>& handle);
+/// Reads a file descriptor to its end. Calls `handle` with the bytes of each read, which are valid until that
+/// call returns; if it returns false, reading ends. Returns 0, or the errno of a failed read.
+[[nodiscard]] int readChunks(int fileDescriptor, const std::function<bool(std::string_view)>& handle);
 
-/// Reads payloads from a file descriptor, each ended by `delimiter`; the last one may go without. Whatever
-/// else stands in the input belongs to the payloads, a carriage return before a line feed too.
+/// Reads payloads from a file descriptor. `delimiter` ends each of them; the last one may lack it. All other
+/// bytes belong to the payloads, even a carriage return before a line feed.
 ///
-/// Calls `handle` with all whole payloads that one read has brought, before the next read waits for more;
-/// reading ends when it returns false. Memory is bounded by the longest payload. Returns 0, or the errno of
-/// a failed read.
-int readBlocks(int fileDescriptor, char delimiter, const std::function<bool(std::string)>& handle);
+/// After each read, calls `handle` with a block of all complete payloads, so that none waits for the next
+/// read; if it returns false, reading ends. Memory is bounded by the longest payload. Returns 0, or the errno
+/// of a failed read.
+[[nodiscard]] int readBlocks(int fileDescriptor, char delimiter,
+                             const std::function<bool(std::string)>& handle);
 
 /// Calls `use` with each payload of a block.
 template <class Use>
@@ -30,7 +31,10 @@ void forEachPayload(std::string_view block, char delimiter, Use use) {
     }
 }
 
-/// A file that is open for reading, or standard input for an empty name or "-".
+/// Whether the name of an input file means standard input: it is empty or "-".
+bool isStandardInput(const std::string& name) noexcept;
+
+/// A file that is open for reading, or standard input.
 class InputFile {
   public:
     explicit InputFile(const std::string& name);
@@ -38,11 +42,11 @@ class InputFile {
     InputFile& operator=(const InputFile&) = delete;
     ~InputFile();
 
-    /// The descriptor; negative when the file cannot be opened, for the reason in errno.
+    /// The descriptor; negative if the file cannot be opened, with the reason in errno.
     int descriptor() const noexcept { return descriptor_; }
 
   private:
-    bool isStandardInput_;
+    bool isOwned_;
     int descriptor_;
 };
 

@@ -1,8 +1,7 @@
 #include "Rendering.h"
 
-#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
-#include <KorvoQRParser/Model/JSONString.h>
-#include <KorvoQRParser/Model/QRCodeDataAccess.h>
+#include "JSONWriter.h"
+#include "LibraryInternals.h"
 
 #include <optional>
 #include <string_view>
@@ -11,56 +10,75 @@ namespace korvoqr {
 
 namespace {
 
+using Layout = JSONWriter::Layout;
+
 std::string_view nameOf(std::string_view code) {
     const auto* const entry = korvo::findErrorCatalogueEntry(code);
     return entry != nullptr ? entry->name : "unknown";
 }
 
-// On one line, or in the indented form that the record's JSON text has.
-std::string errorJSON(const korvo::QRCodeError& error, bool isIndented) {
-    std::string codes;
-    std::string names;
+// If the payload comes from a picture, these members come first.
+void appendOrigin(JSONWriter& json, const Origin& origin) {
+    if (origin.isPicture()) {
+        json.name("file").string(korvo::isUTF8(origin.file) ? origin.file : visible(origin.file));
+        json.name("code").number(origin.code);
+    }
+}
+
+std::string errorJSON(const korvo::QRCodeError& error, const Origin& origin, Layout layout) {
+    JSONWriter json(layout);
+    json.beginObject();
+    appendOrigin(json, origin);
+    json.name("qrCodeError").beginObject();
+    json.name("errorCodes").beginArray();
     for (const std::string& code : error.errorCodes()) {
-        const std::string separator = std::string(codes.empty() ? "" : ",") + (isIndented ? "\n      " : "");
-        korvo::appendJSONString(codes += separator, code);
-        korvo::appendJSONString(names += separator, nameOf(code));
+        json.string(code);
     }
-    if (isIndented) {
-        return "{\n  \"qrCodeError\": {\n    \"errorCodes\": [" + codes + "\n    ],\n    \"errorNames\": [" +
-               names + "\n    ]\n  }\n}\n";
+    json.endArray().name("errorNames").beginArray();
+    for (const std::string& code : error.errorCodes()) {
+        json.string(nameOf(code));
     }
-    return R"({"qrCodeError":{"errorCodes":[)" + codes + R"(],"errorNames":[)" + names + "]}}\n";
+    json.endArray().endObject().endObject();
+    return json.text() + '\n';
 }
 
-void appendMember(std::string& json, std::string_view name, const std::optional<std::string>& value) {
-    korvo::appendJSONString(json, name);
+// The record's own JSON, which is empty if a value is not ASCII.
+std::string dataJSON(const korvo::QRCodeData& data, const Origin& origin) {
+    std::string record = data.jsonOutput();
+    if (origin.isPicture() && !record.empty()) {
+        JSONWriter json(Layout::indented);
+        appendOrigin(json.beginObject(), origin);
+        record.replace(0, 1, json.text() + ',');
+    }
+    return record + '\n';
+}
+
+void appendMember(JSONWriter& json, std::string_view name, const std::optional<std::string>& value) {
+    json.name(name);
     if (value) {
-        korvo::appendJSONString(json += ':', *value);
+        json.string(*value);
     } else {
-        json += ":null";
+        json.null();
     }
-    json += ',';
 }
 
-void appendMember(std::string& json, std::string_view name, bool value) {
-    korvo::appendJSONString(json, name);
-    json += value ? ":true," : ":false,";
-}
-
-std::string dataLine(const korvo::QRCodeData& data) {
-    std::string json = R"({"qrCodeData":{)";
+std::string dataLine(const korvo::QRCodeData& data, const Origin& origin) {
+    JSONWriter json(Layout::oneLine);
+    json.beginObject();
+    appendOrigin(json, origin);
+    json.name("qrCodeData").beginObject();
     for (const korvo::QRCodeDataPropertyRow& row : korvo::qrCodeDataProperties) {
         if (row.isFlag) {
-            appendMember(json, row.name, korvo::QRCodeDataAccess::flag(data, row.index));
+            json.name(row.name).boolean(korvo::QRCodeDataAccess::flag(data, row.index));
         } else {
             appendMember(json, row.name, korvo::QRCodeDataAccess::text(data, row.index));
         }
     }
-    json.pop_back();  // the comma behind the last member
-    return json += "}}\n";
+    json.endObject().endObject();
+    return json.text() + '\n';
 }
 
-std::string explainCodes(const korvo::QRCodeError& error) {
+std::string errorText(const korvo::QRCodeError& error) {
     std::string text;
     for (const std::string& code : error.errorCodes()) {
         const auto* const entry = korvo::findErrorCatalogueEntry(code);
@@ -70,26 +88,22 @@ std::string explainCodes(const korvo::QRCodeError& error) {
     return text;
 }
 
-std::string renderAnswer(const korvo::QRCodeParserResponse& response, Format format) {
-    if (const auto& data = response.qrCodeData()) {
-        return format == Format::jsonl  ? dataLine(*data)
-               : format == Format::json ? data->jsonOutput() + '\n'
-                                        : data->description();
-    }
-    const korvo::QRCodeError& error = *response.qrCodeError();
-    return format == Format::text ? explainCodes(error) : errorJSON(error, format == Format::json);
-}
-
 }  // namespace
 
 std::string render(const korvo::QRCodeParserResponse& response, Format format, const Origin& origin) {
-    std::string answer = renderAnswer(response, format);
-    if (format != Format::text && origin.isPicture() && answer.front() == '{') {
-        const bool isIndented = format == Format::json;
-        std::string members = isIndented ? "\n  \"file\": " : "\"file\":";
-        korvo::appendJSONString(members, korvo::isUTF8(origin.file) ? origin.file : visible(origin.file));
-        members += (isIndented ? ",\n  \"code\": " : ",\"code\":") + std::to_string(origin.code) + ',';
-        answer.insert(1, members);
+    const auto& data = response.qrCodeData();
+    const auto& error = response.qrCodeError();
+    std::string answer;
+    switch (format) {
+        case Format::text:
+            answer = data ? data->description() : errorText(*error);
+            break;
+        case Format::json:
+            answer = data ? dataJSON(*data, origin) : errorJSON(*error, origin, Layout::indented);
+            break;
+        case Format::jsonl:
+            answer = data ? dataLine(*data, origin) : errorJSON(*error, origin, Layout::oneLine);
+            break;
     }
     return answer;
 }

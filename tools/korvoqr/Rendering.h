@@ -1,6 +1,7 @@
 #ifndef KORVOQR_RENDERING_H
 #define KORVOQR_RENDERING_H
 
+#include "Format.h"
 #include "Origin.h"
 #include <KorvoQRParser/KorvoQRParser.h>
 
@@ -8,12 +9,9 @@
 
 namespace korvoqr {
 
-enum class Format : unsigned char { text, json, jsonl };
-
-/// The answer to one payload as the tool prints it, its last line feed included. Text and JSON are the
-/// library's own renderings of a record. JSON lines hold all 70 properties as UTF-8, non-ASCII ones too. In
-/// either kind of JSON, a payload from a picture has its file and which of its codes it is in the object,
-/// first.
+/// The answer to one payload as the tool prints it, with the final line feed. Text and JSON are the library's
+/// own renderings of a record. A JSON line has all properties, as UTF-8. If the payload comes from a picture,
+/// the object of both JSON formats begins with the file and the number of the code in it.
 std::string render(const korvo::QRCodeParserResponse& response, Format format, const Origin& origin);
 
 }  // namespace korvoqr

@@ -11,6 +11,8 @@ namespace korvoqr {
 
 namespace {
 
+constexpr const char* clearToEndOfLine = "\x1B[K";
+
 std::string grouped(std::uint64_t number) {
     std::string digits = std::to_string(number);
     for (std::size_t i = digits.size(); i > 3; i -= 3) {
@@ -29,13 +31,9 @@ double shareOf(std::uint64_t part, std::uint64_t whole) {
     return whole == 0 ? 0 : static_cast<double>(part) / static_cast<double>(whole);
 }
 
-std::string rightAligned(const std::string& text, std::size_t width) {
-    return std::string(text.size() < width ? width - text.size() : 0, ' ') + text;
-}
-
 std::string barOf(double share, const Style& style) {
     constexpr int longest = 10;
-    // What is there at all gets a mark.
+    // Even the smallest share gets a mark.
     const int length = share > 0 ? std::max(1, static_cast<int>(std::lround(share * longest))) : 0;
     std::string bar;
     for (int i = 0; i < length; ++i) {
@@ -112,16 +110,18 @@ void Progress::update(std::uint64_t bytes, std::uint64_t payloads) {
     const double done = std::min(1.0, shareOf(bytes, size_));
     const auto left = static_cast<std::uint64_t>(done > 0 ? seconds / done - seconds : 0);
     constexpr double mega = 1e6;
-    std::fprintf(stderr, "\r%.1f/%.1f MB (%.0f %%), %s payloads, %s a second, %llu:%02llu left\x1B[K",
+    constexpr unsigned secondsPerMinute = 60;
+    std::fprintf(stderr, "\r%.1f/%.1f MB (%.0f %%), %s payloads, %s a second, %llu:%02llu left%s",
                  static_cast<double>(bytes) / mega, static_cast<double>(size_) / mega, 100 * done,
                  grouped(payloads).c_str(),
                  grouped(static_cast<std::uint64_t>(static_cast<double>(payloads) / seconds)).c_str(),
-                 static_cast<unsigned long long>(left / 60), static_cast<unsigned long long>(left % 60));
+                 static_cast<unsigned long long>(left / secondsPerMinute),
+                 static_cast<unsigned long long>(left % secondsPerMinute), clearToEndOfLine);
 }
 
 void Progress::clear() {
     if (isShown_) {
-        std::fputs("\r\x1B[K", stderr);
+        std::fprintf(stderr, "\r%s", clearToEndOfLine);
         isShown_ = false;
     }
 }

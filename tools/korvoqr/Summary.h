@@ -12,7 +12,7 @@
 
 namespace korvoqr {
 
-/// How many payloads were accepted and refused, and how often each code came up.
+/// The number of accepted and of rejected payloads, and how often each code occurred.
 struct Tally {
     std::uint64_t accepted = 0;
     std::uint64_t rejected = 0;
@@ -23,20 +23,20 @@ struct Tally {
     std::uint64_t payloads() const noexcept { return accepted + rejected; }
 };
 
-/// What happened to a run's payloads: numbers, rate, and the codes from the most frequent to the rarest with
-/// their share of the rejected payloads and a bar. Ends with a line feed.
+/// The summary of a run: the numbers, the rate, and the codes from the most frequent to the rarest, each with
+/// its share of the rejected payloads and a bar. Ends with a line feed.
 std::string summaryText(const Tally& tally, std::chrono::duration<double> time, const Style& style);
 
-/// Shows on standard error how far a run through a file is: one line, which each update writes anew.
+/// Shows on standard error how much of a file has been read: one line, which each update rewrites.
 class Progress {
   public:
-    /// Shows nothing where the size in bytes is 0 or standard error is no terminal.
+    /// Shows nothing if the size in bytes is 0 or standard error is not a terminal.
     explicit Progress(std::uint64_t size);
 
-    /// Tells how many bytes and payloads are done.
+    /// The bytes and payloads processed so far.
     void update(std::uint64_t bytes, std::uint64_t payloads);
 
-    /// Takes the line away.
+    /// Removes the line.
     void clear();
 
   private:

@@ -1,6 +1,6 @@
 #include "Terminal.h"
 
-#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
+#include "LibraryInternals.h"
 
 #include <algorithm>
 #include <array>
@@ -25,7 +25,7 @@ constexpr std::int32_t zeroWidthJoiner = 0x200D;
 constexpr std::int32_t emojiVariation = 0xFE0F;
 
 bool isSet(const char* variable) {
-    const char* const value = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe): nobody sets any
+    const char* const value = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe): no thread sets any
     return value != nullptr && *value != '\0';
 }
 
@@ -35,7 +35,7 @@ bool isLocaleUTF8() {
 }
 
 std::size_t widthOf(int fileDescriptor) {
-    constexpr std::size_t narrowest = 60;  // less than this is no room for a table
+    constexpr std::size_t narrowest = 60;  // a table does not fit into less
     winsize size{};
     if (ioctl(fileDescriptor, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) {
         return 80;
@@ -47,14 +47,14 @@ bool isEmoji(std::int32_t codePoint) {
     return codePoint >= 0x80 && u_hasBinaryProperty(codePoint, UCHAR_EMOJI) != 0;
 }
 
-// What a joiner may stand between: letters and their marks, which it shapes, and pictures, which it makes
-// one.
+// A joiner is legitimate between letters and their marks, which it shapes, and between emoji, which it
+// combines.
 bool isJoinable(std::int32_t codePoint) {
     constexpr std::uint32_t mask = U_GC_L_MASK | U_GC_M_MASK;
     return codePoint >= 0x80 && ((U_GET_GC_MASK(codePoint) & mask) != 0 || isEmoji(codePoint));
 }
 
-// What a person does not see or takes for something else, or what a terminal obeys.
+// Whether a person does not see the code point or mistakes it for another, or a terminal obeys it.
 bool isInvisible(std::int32_t codePoint, std::int32_t previous, std::int32_t next) {
     constexpr std::uint32_t mask = U_GC_C_MASK | U_GC_ZL_MASK | U_GC_ZP_MASK | U_GC_ZS_MASK;
     if (codePoint == ' ') {
@@ -77,7 +77,7 @@ std::size_t columnsOf(std::int32_t codePoint) {
     switch (u_getIntPropertyValue(codePoint, UCHAR_GRAPHEME_CLUSTER_BREAK)) {
         case U_GCB_V:
         case U_GCB_T:
-            return 0;  // they are drawn into the syllable that they close
+            return 0;  // drawn into the syllable before it
         default:
             break;
     }
@@ -91,7 +91,7 @@ std::string formatted(const char* format, std::uint32_t number) {
     return text.data();
 }
 
-// \x1B and \u{202E}; the bytes where there is no code point.
+// As \x1B or \u{202E}; bytes that are not a code point, one by one.
 std::string escapedForPerson(std::int32_t codePoint, std::string_view bytes) {
     if (codePoint >= 0x80) {
         return formatted("\\u{%X}", static_cast<std::uint32_t>(codePoint));
@@ -103,7 +103,7 @@ std::string escapedForPerson(std::int32_t codePoint, std::string_view bytes) {
     return escaped;
 }
 
-// In UTF-16, as JSON has it.
+// In UTF-16 code units, as JSON requires.
 std::string escapedForJSON(std::int32_t codePoint, std::string_view bytes) {
     constexpr std::int32_t beyondOneUnit = 0x10000;
     if (codePoint < 0) {
@@ -115,7 +115,8 @@ std::string escapedForJSON(std::int32_t codePoint, std::string_view bytes) {
                : formatted("\\u%04X", U16_LEAD(number)) + formatted("\\u%04X", U16_TRAIL(number));
 }
 
-// The text with what is invisible escaped, but for some; some get a backslash.
+// The text with invisible code points escaped, except those in `asItIs`. Those in `withBackslash` get a
+// backslash.
 std::string shown(std::string_view text, std::string_view withBackslash, std::string_view asItIs,
                   std::string (*escape)(std::int32_t, std::string_view)) {
     constexpr std::int32_t none = -1;
@@ -147,26 +148,43 @@ bool isTerminal(int fileDescriptor) {
 }
 
 Style styleOf(int fileDescriptor, ColourChoice choice) {
-    if (choice == ColourChoice::never) {
-        return {.width = isTerminal(fileDescriptor) ? widthOf(fileDescriptor) : 0};
+    Style style;
+    if (choice == ColourChoice::always || isTerminal(fileDescriptor)) {
+        style.width = widthOf(fileDescriptor);
     }
-    if (choice == ColourChoice::always) {
-        return {.colour = true, .boxes = true, .width = widthOf(fileDescriptor)};
+    switch (choice) {
+        case ColourChoice::automatic:
+            style.colour = isTerminal(fileDescriptor) && !isSet("NO_COLOR");
+            style.boxes = isTerminal(fileDescriptor) && isLocaleUTF8();
+            break;
+        case ColourChoice::always:
+            style.colour = style.boxes = true;
+            break;
+        case ColourChoice::never:
+            break;
     }
-    if (!isTerminal(fileDescriptor)) {
-        return {};
-    }
-    return {.colour = !isSet("NO_COLOR"), .boxes = isLocaleUTF8(), .width = widthOf(fileDescriptor)};
+    return style;
 }
 
 std::string painted(const Style& style, Paint paint, std::string_view text) {
-    constexpr std::array<std::string_view, 4> codes{"1", "31", "2", "32"};
+    std::string result;
     if (!style.colour || text.empty()) {
-        return std::string(text);
+        return result += text;
     }
-    std::string result = "\x1B[";
-    result += codes.at(static_cast<std::size_t>(paint));
-    result += 'm';
+    switch (paint) {
+        case Paint::heading:
+            result += "\x1B[1m";
+            break;
+        case Paint::fault:
+            result += "\x1B[31m";
+            break;
+        case Paint::dim:
+            result += "\x1B[2m";
+            break;
+        case Paint::good:
+            result += "\x1B[32m";
+            break;
+    }
     result += text;
     return result += "\x1B[0m";
 }
@@ -187,14 +205,15 @@ std::string harmlessJSON(std::string_view json) {
     return shown(json, "", "\n", escapedForJSON);
 }
 
-// Terminals differ on emoji. This counts a skin colour in full, as some do, so that no line is too long.
+// Terminals differ on emoji. This counts a skin colour as wide as an emoji, as some terminals do, so that no
+// line is too long.
 std::size_t displayWidth(std::string_view text) {
     std::size_t columns = 0;
     std::int32_t previous = 0;
     for (std::size_t offset = 0; offset < text.size();) {
         const std::int32_t codePoint = korvo::nextCodePoint(text, offset);
         if (codePoint == emojiVariation) {
-            // It makes a narrow sign a wide picture.
+            // It turns a narrow sign into a wide emoji.
             columns += isEmoji(previous) && columnsOf(previous) == 1 ? 1 : 0;
         } else if (previous != zeroWidthJoiner || !isEmoji(codePoint)) {
             columns += columnsOf(codePoint);
@@ -205,15 +224,18 @@ std::size_t displayWidth(std::string_view text) {
 }
 
 std::string padded(std::string_view text, std::size_t width) {
-    const std::size_t columns = displayWidth(text);
-    return std::string(text) + std::string(columns < width ? width - columns : 0, ' ');
+    return std::string(text) + std::string(width - std::min(width, displayWidth(text)), ' ');
+}
+
+std::string rightAligned(std::string_view text, std::size_t width) {
+    return std::string(width - std::min(width, displayWidth(text)), ' ') + std::string(text);
 }
 
 std::vector<std::string_view> wrapped(std::string_view text, std::size_t width, bool atBlanks) {
     std::vector<std::string_view> lines;
     korvo::CharacterReader characters(text);
     std::size_t start = 0;
-    std::size_t breakAt = 0;  // behind the last blank of this line; none while it is not behind the start
+    std::size_t breakAt = 0;  // after the last blank of this line; not after `start` if there is none
     std::size_t columns = 0;
     while (width > 0) {
         const std::size_t before = characters.offset();

@@ -10,47 +10,58 @@ namespace korvoqr {
 
 enum class ColourChoice : unsigned char { automatic, always, never };
 
-/// How much more than plain text a stream may carry.
+/// The extras that an output may have beyond plain text.
 struct Style {
     bool colour = false;
     bool boxes = false;     ///< box-drawing and block characters
-    std::size_t width = 0;  ///< columns to wrap at; 0 for none
+    std::size_t width = 0;  ///< lines wrap at this column; 0 means that they do not wrap
+
+    /// The width for a text that begins at a column.
+    std::size_t widthFrom(std::size_t column) const noexcept { return width > column ? width - column : 0; }
 };
 
-/// What suits a file descriptor. Everything on a terminal whose locale is UTF-8, but for colour where
-/// NO_COLOR is set; plain text elsewhere. `always` and `never` overrule that, and always does NO_COLOR too.
+/// The style for a file descriptor. A terminal gets colour unless NO_COLOR is set and not empty, and boxes if
+/// its locale is UTF-8; anything else gets plain text. `always` and `never` override both.
 Style styleOf(int fileDescriptor, ColourChoice choice);
 
 enum class Paint : unsigned char { heading, fault, dim, good };
 
-/// The text in a colour or, where the style has none, as it is.
+/// The text in a colour, or unchanged if the style has none.
 std::string painted(const Style& style, Paint paint, std::string_view text);
 
-/// Whether a file descriptor is a terminal that can do more than print.
+/// Whether a file descriptor is a terminal that obeys escape sequences.
 bool isTerminal(int fileDescriptor);
 
-/// The text as it can be shown without harm: what a terminal would obey, hide or reorder (controls, format
-/// characters, unusual blanks, bytes that are not UTF-8) is written as \x1B or \u{202E}. Quotation marks and
-/// backslashes get a backslash.
+/// The text made safe to print. Everything that a terminal would obey, hide or reorder (controls, format
+/// characters, unusual blanks, bytes that are not UTF-8) becomes an escape such as \x1B or \u{202E}.
+/// Quotation marks and backslashes get a backslash.
 std::string visible(std::string_view text);
 
-/// The same between quotation marks.
+/// The same, in quotation marks.
 std::string inQuotes(std::string_view text);
 
-/// The same for a text of several lines, without the backslashes: those two characters and line feeds stay.
+/// The same for text with several lines: line feeds, quotation marks and backslashes stay unchanged.
 std::string harmless(std::string_view text);
 
-/// The same for JSON text, whose meaning stays what it is.
+/// The same for JSON, in JSON's own escapes, so that its meaning does not change.
 std::string harmlessJSON(std::string_view json);
 
-/// How many columns a terminal gives to a text that `visible` has made.
+/// Whether a byte of UTF-8 continues a code point, so that a text must not be cut before it.
+constexpr bool isContinuationByte(char byte) noexcept {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+/// The columns that a text made by `visible` takes on a terminal.
 std::size_t displayWidth(std::string_view text);
 
-/// The text with blanks behind it up to a number of columns.
+/// The text, filled up with blanks to a number of columns.
 std::string padded(std::string_view text, std::size_t width);
 
-/// The text in pieces of at most `width` columns, cut between user-perceived characters; with `atBlanks`
-/// after the last blank that fits, where there is one. The whole text for a width of 0.
+/// The same with the blanks before the text.
+std::string rightAligned(std::string_view text, std::size_t width);
+
+/// The text in lines of at most `width` columns, cut between user-perceived characters; with `atBlanks`,
+/// after the last blank that fits, if there is one. One line for a width of 0.
 std::vector<std::string_view> wrapped(std::string_view text, std::size_t width, bool atBlanks);
 
 }  // namespace korvoqr

@@ -14,8 +14,10 @@
 
 namespace {
 
-// CLI11 takes an argument in square brackets for a list and "++" for the end of a command. Both may be
-// payloads or names of files, and a NUL, which no argument can hold, hides them from it.
+using korvoqr::Format;
+
+// CLI11 treats an argument in square brackets as a list, and "++" as the end of a command. Either may be a
+// payload or a file name. An appended NUL, which no argument can contain, hides them from CLI11.
 std::string shield(std::string argument) {
     const bool mayLookLikeList = !argument.empty() && argument.back() == ']';
     return mayLookLikeList || argument == "++" ? argument + '\0' : argument;
@@ -36,7 +38,6 @@ void unshield(korvoqr::InputOptions& input) {
     input.file = unshielded(input.file);
 }
 
-// What the command line leaves to be done.
 struct CommandLine {
     CLI::App app{"Reads the text of merchant-presented payment QR codes.", "korvoqr"};
     CLI::App* parse = nullptr;
@@ -45,15 +46,15 @@ struct CommandLine {
     korvoqr::ParseOptions parseOptions;
     korvoqr::ExplainOptions explainOptions;
     korvoqr::CodesOptions codesOptions;
-    const std::map<std::string, korvoqr::Format> formats{
-        {"text", korvoqr::Format::text}, {"json", korvoqr::Format::json}, {"jsonl", korvoqr::Format::jsonl}};
-    const std::map<std::string, bool> textOrJSON{{"text", false}, {"json", true}};
+    const std::map<std::string, Format> textOrJSON{{"text", Format::text}, {"json", Format::json}};
+    const std::map<std::string, Format> textOrEitherJSON{
+        {"text", Format::text}, {"json", Format::json}, {"jsonl", Format::jsonl}};
     const std::map<std::string, korvoqr::ColourChoice> colours{{"auto", korvoqr::ColourChoice::automatic},
                                                                {"always", korvoqr::ColourChoice::always},
                                                                {"never", korvoqr::ColourChoice::never}};
 };
 
-// An option that takes one of a few words.
+// Adds an option that takes one of a few words.
 template <class Value>
 void addChoice(CLI::App* command, const std::string& name, Value& value,
                const std::map<std::string, Value>& words, const std::string& usage,
@@ -74,73 +75,73 @@ std::string refuseEmptyName(const std::string& name) {
     return name.empty() ? "the name of the file is empty" : "";
 }
 
-// A number of threads, in decimal digits.
+// Reads a number of threads. Returns the reason if the text is wrong.
 std::string readJobs(const std::string& text, std::size_t& jobs) {
     constexpr std::size_t most = 1024;
     const char* const end = text.data() + text.size();
     const auto [parsed, error] = std::from_chars(text.data(), end, jobs);
     return error == std::errc() && parsed == end && jobs > 0 && jobs <= most
                ? ""
-               : "it is a number from 1 to 1024";
+               : "must be a number from 1 to " + std::to_string(most);
 }
 
 void addInput(CLI::App* command, korvoqr::InputOptions& input) {
     auto* const payloads =
-        command->add_option("PAYLOAD", input.payloads, "Texts of QR codes; none: standard input, one a line")
+        command->add_option("PAYLOAD", input.payloads, "Texts of QR codes; default: lines of standard input")
             ->option_text("...");
-    auto* const file = command->add_option("-i,--input", input.file, "Read payloads from a file, one a line")
-                           ->option_text("FILE")
-                           ->check(refuseEmptyName)
-                           ->excludes(payloads);
+    auto* const file =
+        command->add_option("-i,--input", input.file, "Read payloads from a file, one per line")
+            ->option_text("FILE")
+            ->check(refuseEmptyName)
+            ->excludes(payloads);
     command->add_option("--image", input.images, "Read the QR codes in PNG and JPEG pictures")
         ->option_text("FILE...")
         ->check(refuseEmptyName)
         ->excludes(payloads)
         ->excludes(file);
-    command->add_flag("-0,--null", input.nullDelimited, "Payloads read end with NUL, may hold line feeds");
+    command->add_flag("-0,--null", input.nullDelimited, "Input payloads end with NUL, not with a line feed");
 }
 
 void addParse(CommandLine& line) {
     auto& options = line.parseOptions;
-    line.parse = line.app.add_subcommand("parse", "Prints records, or the codes of the rules violated.");
+    line.parse = line.app.add_subcommand("parse", "Prints the record, or the codes of violated rules.");
     addInput(line.parse, options.input);
-    addChoice(line.parse, "--format", options.format, line.formats, "text|json|jsonl",
-              "jsonl: one line for each payload");
+    addChoice(line.parse, "--format", options.format, line.textOrEitherJSON, "text|json|jsonl",
+              "jsonl: one line per payload");
     line.parse
         ->add_option_function<std::string>(
-            "-j,--jobs", [](const std::string&) {}, "Threads for what is read; order is kept")
+            "-j,--jobs", [](const std::string&) {}, "Threads for the input; answers keep its order")
         ->option_text("N")
         ->check([&options](const std::string& text) { return readJobs(text, options.jobs); });
     line.parse->add_flag("--summary", options.summary, "Count answers and codes, on standard error");
-    line.parse->add_flag("--progress", options.progress, "Show how far a file is read, on a terminal");
+    line.parse->add_flag("--progress", options.progress, "Show how much of a file is done, on a terminal");
     addColour(line, line.parse, options.colour);
     line.parse->footer(
         "Examples:\n"
         "  korvoqr parse --format json 04444101...   korvoqr parse --image shop.png\n"
         "  korvoqr parse --format jsonl --jobs 4 --summary < payloads.txt > answers.txt\n"
-        "Exit status: 0 all accepted, 1 some refused, 2 error.");
+        "Exit status: 0 all accepted, 1 some rejected, 2 error.");
 }
 
 void addExplain(CommandLine& line) {
     auto& options = line.explainOptions;
-    line.explain =
-        line.app.add_subcommand("explain", "Shows payloads element by element, and what is wrong.");
+    line.explain = line.app.add_subcommand("explain", "Shows each element of a payload, and what is wrong.");
     addInput(line.explain, options.input);
-    addChoice(line.explain, "--format", options.asJSON, line.textOrJSON, "text|json",
-              "json: an object on a line for each payload");
+    addChoice(line.explain, "--format", options.format, line.textOrJSON, "text|json",
+              "json: one object per line and payload");
     addColour(line, line.explain, options.colour);
     line.explain->footer(
         "Examples:\n"
         "  korvoqr explain 00020101021102104123456784...\n"
         "  korvoqr explain --image sticker.jpg counter.png\n"
-        "Exit status: 0 all accepted, 1 some refused, 2 error.");
+        "Exit status: 0 all accepted, 1 some rejected, 2 error.");
 }
 
 void addCodes(CommandLine& line) {
     auto& options = line.codesOptions;
     line.codes = line.app.add_subcommand("codes", "Prints what error codes mean.");
-    line.codes->add_option("CODE", options.codes, "Numbers of codes; none: all of them")->option_text("...");
-    addChoice(line.codes, "--format", options.asJSON, line.textOrJSON, "text|json", "json: one array");
+    line.codes->add_option("CODE", options.codes, "Numbers of codes; default: all")->option_text("...");
+    addChoice(line.codes, "--format", options.format, line.textOrJSON, "text|json", "json: one array");
     addColour(line, line.codes, options.colour);
     line.codes->footer(
         "Examples:\n"
@@ -148,15 +149,19 @@ void addCodes(CommandLine& line) {
         "  korvoqr codes --format json");
 }
 
-// The parser's reason in words for a person.
+// The reason for a usage error, for a person.
 std::string reasonOf(const CommandLine& line, const CLI::Error& error, const std::string& firstArgument) {
     const std::string reason = korvoqr::visible(unshielded(error.what()));
     if (line.app.get_subcommands().empty() && !firstArgument.empty()) {
         return std::string(firstArgument.front() == '-' ? "there is no option " : "there is no command ") +
                korvoqr::visible(firstArgument);
     }
-    const bool isValueMissing = dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr;
-    return isValueMissing ? reason.substr(0, reason.find(':')) + " needs a value" : reason;
+    if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
+        const bool isMissing = reason.find("missing") != std::string::npos;
+        return reason.substr(0, reason.find(':')) +
+               (isMissing ? " needs a value" : " may be given only once");
+    }
+    return reason;
 }
 
 int reportUsageError(const CommandLine& line, const CLI::Error& error, const std::string& firstArgument) {
@@ -187,7 +192,7 @@ int run(int argc, char** argv) {
     addExplain(line);
     addCodes(line);
 
-    // The parser takes its arguments from the back.
+    // CLI11 takes the arguments in reverse order.
     std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
     std::transform(arguments.begin(), arguments.end(), arguments.begin(), shield);
     std::reverse(arguments.begin(), arguments.end());
@@ -195,7 +200,11 @@ int run(int argc, char** argv) {
         line.app.parse(arguments);
     } catch (const CLI::Success& wanted) {
         const int status = line.app.exit(wanted);
-        return std::cout.flush() ? status : static_cast<int>(korvoqr::usageOrInputError);
+        if (std::cout.flush()) {
+            return status;
+        }
+        std::fputs("korvoqr: cannot write standard output\n", stderr);
+        return korvoqr::usageOrInputError;
     } catch (const CLI::Error& error) {
         return reportUsageError(line, error, argc > 1 ? argv[1] : "");
     }

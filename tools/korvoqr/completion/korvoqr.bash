@@ -2,7 +2,7 @@
 _korvoqr() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} words=
     COMPREPLY=()
-    # "--format=json" is three words here.
+    # Bash splits "--format=json" into three words.
     [[ $current == = ]] && current=
     [[ $previous == = ]] && previous=${COMP_WORDS[COMP_CWORD - 2]}
     case ${COMP_WORDS[1]}:$previous in

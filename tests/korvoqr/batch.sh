@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+source "$(dirname "$0")/common.sh"
+
+for i in {1..3000}; do
+    printf 'x%s\n%s\n%s\n' "$i" "$accepted" "$rejected"
+done > batch
+{ cat batch; echo 0g411111111111111111é24581231M42IN53356; } > foreign
+replay batch
+
+# An engine keeps the order.
+korvoqr parse --format jsonl -i batch > answers || (($? == 1))
+parallel --pipe --block 100k --keep-order "korvoqr parse --format jsonl || [ \$? -eq 1 ]" < batch | cmp answers -
+
+# The rate is payloads by time.
+{ sleep 1.5; cat batch; } | korvoqr parse --summary 2> summary > /dev/null || (($? == 1))
+awk 'NR == 1 { gsub(",", ""); exit !($4 >= 1.5 && $6 * $4 > 0.99 * $1 && $6 * $4 < 1.01 * $1) }' summary
+
+# Progress goes on while the reader takes its time, and each line of it agrees with itself. A payload takes 8 bytes.
+seq 1000000 1999999 > lines
+terminal 80 'korvoqr parse --format jsonl --progress -i lines |
+    for i in 1 2 3 4 5 6; do sleep 0.3; head -c 1000000 > read; done' | tr '\r' '\n' | sed '/left/!d; s/,//g' > progress
+awk '{ share = $5 / 1000000; seconds = $5 / $7; split($10, left, ":")
+       surplus = left[1] * 60 + left[2] - (seconds / share - seconds)
+       if ($1 != sprintf("%.1f/8.0", 8 * share) || $3 != sprintf("(%.0f", 100 * share)) exit 1
+       if (surplus < -1.5 || surplus > 0.5) exit 1 }
+    END { exit NR < 4 || seconds < 1.2 }' progress

@@ -1,0 +1,245 @@
+#include "FaultExplanation.h"
+
+#include "Terminal.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace korvoqr {
+
+namespace {
+
+using korvo::TLVDecodingError;
+using korvo::TLVFault;
+using Elements = std::vector<ExplainedElement>;
+
+constexpr std::int64_t shortestPayload = 2;  // characters
+
+struct Finding {
+    const char* position = nullptr;  // in the payload
+    std::string reason;
+};
+
+std::string_view nameOf(TLVDecodingError error) {
+    std::string_view name;
+    switch (error) {
+        case TLVDecodingError::InvalidLength:
+            name = "InvalidLength";
+            break;
+        case TLVDecodingError::InvalidTagLength:
+            name = "InvalidTagLength";
+            break;
+        case TLVDecodingError::RepeatedTag:
+            name = "RepeatedTag";
+            break;
+        case TLVDecodingError::InvalidTag:
+            name = "InvalidTag";
+            break;
+    }
+    return name;
+}
+
+std::string counted(std::int64_t count, std::string_view noun) {
+    return std::to_string(count) + ' ' + std::string(noun) + (count == 1 ? "" : "s");
+}
+
+std::string remaining(std::int64_t count) {
+    return count == 0 ? "nothing is left"
+                      : "only " + counted(count, "character") + (count == 1 ? " is left" : " are left");
+}
+
+bool isTwoDigit(const TLVFault& fault) {
+    return fault.format.fieldWidth == korvo::twoDigitFormat.fieldWidth;
+}
+
+Finding repeatedTag(const Elements& elements, const TLVFault& fault) {
+    const std::string_view tag = fault.element.tag;
+    const auto first = std::find_if(elements.begin(), elements.end(), [&](const ExplainedElement& element) {
+        return element.isInsideAdditionalData == fault.isInsideAdditionalData &&
+               korvo::lowerCased(element.tag) == korvo::lowerCased(tag);
+    });
+    std::string reason = "tag " + inQuotes(tag) + " is repeated";
+    if (first != elements.end()) {
+        reason += "; it first occurs at offset " + std::to_string(first->offset);
+    }
+    return {tag.data(), reason};
+}
+
+// The first and the last of consecutive tags: "00 to 63"; for tags of one character "0 to 9, A and B".
+template <std::size_t count>
+std::string boundsOf(const std::array<korvo::TagRow, count>& rows) {
+    const auto isDigit = [](const korvo::TagRow& row) { return row.rawValue[0] <= '9'; };
+    const auto firstLetter = std::find_if_not(rows.begin(), rows.end(), isDigit);
+    std::string bounds =
+        std::string(rows.front().rawValue) + " to " + std::string((firstLetter - 1)->rawValue);
+    if (firstLetter != rows.end()) {
+        const bool areTwo = firstLetter + 2 == rows.end();
+        bounds += ", " + std::string(firstLetter->rawValue) + (areTwo ? " and " : " to ") +
+                  std::string(rows.back().rawValue);
+    }
+    return bounds;
+}
+
+Finding unknownTag(const TLVFault& fault) {
+    const std::string_view tag = fault.element.tag;
+    const std::string bounds = fault.isInsideAdditionalData ? boundsOf(korvo::tlv01SubTagRows)
+                               : isTwoDigit(fault)          ? boundsOf(korvo::tlv01TagRows)
+                                                            : boundsOf(korvo::tlv00TagRows);
+    return {tag.data(), "tag " + inQuotes(tag) + " is unknown; tags are " + bounds};
+}
+
+// All elements are well-formed, but the last one is not the checksum.
+Finding wrongEnd(const Elements& elements, const TLVFault& fault) {
+    const auto isChecksum = [](const ExplainedElement& element) { return element.name == checksumTag; };
+    const auto checksum = std::find_if(elements.begin(), elements.end(), isChecksum);
+    if (checksum == elements.end()) {
+        return {fault.rest.data(), "the payload ends without its checksum, tag " + std::string(checksumTag)};
+    }
+    const std::string_view next = (checksum + 1)->tag;
+    return {next.data(), "tag " + inQuotes(next) + " follows the checksum, tag " + std::string(checksumTag) +
+                             ", which must be last"};
+}
+
+Finding invalidTag(const Elements& elements, const TLVFault& fault) {
+    // A walk visits only elements with a known tag.
+    const bool isKnown = !elements.empty() && elements.back().tag.data() >= fault.element.tag.data();
+    return isKnown ? wrongEnd(elements, fault) : unknownTag(fault);
+}
+
+// The place of the first bytes that are not UTF-8, in a text that has some.
+Finding malformedBytes(std::string_view text) {
+    std::size_t start = 0;
+    std::size_t end = 0;
+    while (end < text.size() && korvo::nextCodePoint(text, end) >= 0) {
+        start = end;
+    }
+    return {text.data() + start, "these bytes are not UTF-8"};
+}
+
+Finding wrongLength(const TLVFault& fault, std::int64_t length, std::int64_t left) {
+    const auto& [error, format, isInside, element, rest] = fault;
+    std::string reason = "length ";
+    if (length >= format.minimumLength) {
+        const bool isLetter = length > 9 && !isTwoDigit(fault);
+        reason += visible(element.length);
+        reason += isLetter ? " (" + std::to_string(length) + ')' : "";
+        reason += ", but " + remaining(left);
+    } else if (length == 0) {
+        reason += inQuotes(element.length) + ": a value must not be empty in this format";
+    } else {
+        reason += inQuotes(element.length) + " is not " +
+                  (isTwoDigit(fault) ? "a number from 01 to 99" : "a digit of base 36 (0 to 9, a to z)");
+    }
+    return {element.length.data(), reason};
+}
+
+// The number of characters that the walk was about to read.
+std::int64_t wantedCharacters(const TLVFault& fault) {
+    const auto& [error, format, isInside, element, rest] = fault;
+    if (error == TLVDecodingError::InvalidLength) {
+        return shortestPayload;
+    }
+    const bool isField = element.tag.empty() || element.length.empty();
+    return isField ? static_cast<std::int64_t>(format.fieldWidth)
+                   : std::max<std::int64_t>(format.readLength(element.length), 0);
+}
+
+// The text ends, or stops being UTF-8, before the walk has read an element.
+Finding wrongShape(const TLVFault& fault) {
+    const auto& [error, format, isInside, element, rest] = fault;
+    const std::int64_t wanted = wantedCharacters(fault);
+    korvo::CharacterReader characters(rest);
+    std::int64_t left = 0;
+    while (left < wanted && characters.take(1)) {
+        ++left;
+    }
+    if (left < wanted && !characters.atEnd()) {
+        return malformedBytes(characters.rest());
+    }
+    if (error == TLVDecodingError::InvalidLength) {
+        return {rest.data(), "a payload has at least " + counted(shortestPayload, "character") +
+                                 ", but this one has " + std::to_string(left)};
+    }
+    if (element.tag.empty()) {
+        return {rest.data(), "a tag takes " + counted(wanted, "character") + ", but " + remaining(left)};
+    }
+    if (element.length.empty()) {
+        return {rest.data(), "the length of tag " + inQuotes(element.tag) + " takes " +
+                                 counted(wanted, "character") + ", but " + remaining(left)};
+    }
+    return wrongLength(fault, format.readLength(element.length), left);
+}
+
+Finding findingOf(const Elements& elements, const TLVFault& fault) {
+    Finding finding{};
+    switch (fault.error) {
+        case TLVDecodingError::RepeatedTag:
+            finding = repeatedTag(elements, fault);
+            break;
+        case TLVDecodingError::InvalidTag:
+            finding = invalidTag(elements, fault);
+            break;
+        case TLVDecodingError::InvalidLength:
+        case TLVDecodingError::InvalidTagLength:
+            finding = wrongShape(fault);
+            break;
+    }
+    return finding;
+}
+
+// The offset of a position, counted from the last element that does not begin after it.
+std::size_t offsetOf(const char* position, std::string_view payload, const Elements& elements) {
+    const auto last =
+        std::find_if(elements.rbegin(), elements.rend(),
+                     [position](const ExplainedElement& element) { return element.tag.data() <= position; });
+    const bool isFirst = last == elements.rend();
+    const char* const start = isFirst ? payload.data() : last->tag.data();
+    return (isFirst ? 0 : last->offset) +
+           korvo::characterCount({start, static_cast<std::size_t>(position - start)});
+}
+
+// The last few elements before a place in the payload. An element that is too long is cut between two code
+// points.
+std::string_view excerptBefore(std::size_t place, std::string_view payload, const Elements& elements) {
+    constexpr std::size_t mostBytes = 36;  // so that both excerpts fit on one line
+    const auto startOf = [&](const ExplainedElement& element) {
+        return static_cast<std::size_t>(element.tag.data() - payload.data());
+    };
+    const auto first = std::find_if(elements.begin(), elements.end(), [&](const ExplainedElement& element) {
+        return startOf(element) + mostBytes >= place && startOf(element) <= place;
+    });
+    std::size_t begin = first == elements.end() ? place : startOf(*first);
+    if (begin == place) {
+        begin = place - std::min(place, mostBytes);
+        while (begin < place && isContinuationByte(payload[begin])) {
+            ++begin;
+        }
+    }
+    return payload.substr(begin, place - begin);
+}
+
+std::string_view excerptAfter(std::size_t place, std::string_view payload) {
+    constexpr std::size_t enoughBytes = 24;
+    std::size_t end = place;
+    while (end < payload.size() && end - place < enoughBytes) {
+        korvo::nextCodePoint(payload, end);
+    }
+    return payload.substr(place, end - place);
+}
+
+}  // namespace
+
+ExplainedFault explainFault(std::string_view payload, const Elements& elements, const TLVFault& fault) {
+    const auto [position, reason] = findingOf(elements, fault);
+    const auto place = static_cast<std::size_t>(position - payload.data());
+    return {
+        nameOf(fault.error),
+        (fault.isInsideAdditionalData ? "inside tag " + std::string(additionalDataTag) + ", " : "") + reason,
+        offsetOf(position, payload, elements), excerptBefore(place, payload, elements),
+        excerptAfter(place, payload)};
+}
+
+}  // namespace korvoqr

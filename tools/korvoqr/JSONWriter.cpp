@@ -1,0 +1,91 @@
+#include "JSONWriter.h"
+
+#include "LibraryInternals.h"
+
+#include <utility>
+
+namespace korvoqr {
+
+namespace {
+
+std::string withReplacements(std::string_view text) {
+    std::string result;
+    for (std::size_t offset = 0; offset < text.size();) {
+        const std::size_t start = offset;
+        const bool isValid = korvo::nextCodePoint(text, offset) >= 0;
+        result += isValid ? text.substr(start, offset - start) : "\xEF\xBF\xBD";
+    }
+    return result;
+}
+
+}  // namespace
+
+JSONWriter::JSONWriter(Layout layout) : layout_(layout) {
+    constexpr std::size_t usualSize = 2560;
+    text_.reserve(usualSize);
+}
+
+JSONWriter& JSONWriter::name(std::string_view name) {
+    separate();
+    text_ += '"';
+    text_ += name;
+    text_ += layout_ == Layout::indented ? "\": " : "\":";
+    isNamed_ = true;
+    return *this;
+}
+
+JSONWriter& JSONWriter::string(std::string_view value) {
+    separate();
+    if (korvo::isUTF8(value)) {
+        korvo::appendJSONString(text_, value);
+    } else {
+        korvo::appendJSONString(text_, withReplacements(value));
+    }
+    return *this;
+}
+
+JSONWriter& JSONWriter::literal(std::string_view value) {
+    separate();
+    text_ += value;
+    return *this;
+}
+
+JSONWriter& JSONWriter::begin(char bracket) {
+    separate();
+    text_ += bracket;
+    ++depth_;
+    isFirst_ = true;
+    return *this;
+}
+
+JSONWriter& JSONWriter::end(char bracket) {
+    --depth_;
+    if (!std::exchange(isFirst_, false)) {
+        breakLine();
+    }
+    text_ += bracket;
+    return *this;
+}
+
+// Writes the comma and the line break before a name or value.
+void JSONWriter::separate() {
+    if (std::exchange(isNamed_, false)) {
+        return;
+    }
+    if (!std::exchange(isFirst_, false)) {
+        text_ += ',';
+    }
+    if (depth_ > 0) {
+        breakLine();
+    }
+}
+
+void JSONWriter::breakLine() {
+    constexpr std::size_t blanksPerLevel = 2;
+    if (layout_ == Layout::indented) {
+        text_ += '\n';
+        text_.append(blanksPerLevel * depth_, ' ');
+    }
+}
+
+}  // namespace korvoqr
