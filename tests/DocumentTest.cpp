@@ -1,26 +1,102 @@
 #include "Payloads.h"
+#include <KorvoQRParser/Model/QRCodeDataAccess.h>
+#include <KorvoQRParser/Parser/assembleQRCodeData.h>
 
 #include <algorithm>
+#include <map>
+#include <regex>
 
 #include <gtest/gtest.h>
 
 namespace korvo::test {
 namespace {
 
-TEST(Documents, ReadmeKeepsInStep) {
-    const std::string readme = readFile(KORVOQR_SOURCE_DIR "/README.md");
-    const auto expectInReadme = [&readme](const std::string& text) {
-        EXPECT_NE(readme.find(text), std::string::npos) << "README.md lacks: " << text;
-    };
-    expectInReadme("```cpp\n" + readFile(KORVOQR_SOURCE_DIR "/examples/pay.cpp") + "```\n");
-    expectInReadme("```objc\n" + readFile(KORVOQR_SOURCE_DIR "/examples/objc/record.m") + "```\n");
+void expectIn(const std::string& document, const std::string& text) {
+    EXPECT_NE(readFile(KORVOQR_SOURCE_DIR "/" + document).find(text), std::string::npos)
+        << document << " lacks: " << text;
+}
+
+TEST(Documents, SamplesKeepInStep) {
+    expectIn("README.md", "```cpp\n" + readFile(KORVOQR_SOURCE_DIR "/examples/pay.cpp") + "```\n");
+    expectIn("README.md", "```objc\n" + readFile(KORVOQR_SOURCE_DIR "/examples/objc/record.m") + "```\n");
     const std::string run = readFile(KORVOQR_SOURCE_DIR "/scripts/run");
     const auto start = run.find("sample='") + 8;
     const std::string sample = run.substr(start, run.find('\'', start) - start);
     const auto response = QRCodeParser::parseQRData(sample);
     ASSERT_TRUE(response.qrCodeData()) << sample;
-    expectInReadme(sample);
-    expectInReadme("```\n" + response.qrCodeData()->description() + "```\n");
+    expectIn("docs/payload-formats.md", "```\n" + sample + "\n```\n");
+    expectIn("docs/payload-formats.md", "```\n" + response.qrCodeData()->description() + "```\n");
+}
+
+// Whether a list of tags such as "56, 57" or "62/01-62/08" names a tag.
+bool namesTag(const std::string& list, const std::string& tag) {
+    const auto dash = list.find('-', 1);
+    return dash == std::string::npos
+               ? tag != "-" && (", " + list + ',').find(", " + tag + ',') != std::string::npos
+               : dash == tag.size() && list.substr(0, dash) <= tag && tag <= list.substr(dash + 1);
+}
+
+// The meaning of each tag in a list, and the property that keeps its value, as the page writes them.
+template <class Rows, class Store>
+void addTags(std::map<std::string, std::string>& tags, const std::string& prefix, const Rows& rows,
+             Store store) {
+    for (const TagRow& row : rows) {
+        KorvoPayMerchantTLV holder;
+        store(holder, row.rawValue);
+        const auto data = assembleQRCodeData(holder);
+        std::string property = "-";
+        for (const auto& candidate : qrCodeDataProperties) {
+            if (!candidate.isFlag && QRCodeDataAccess::text(*data, candidate.index) == "x") {
+                property = '`' + std::string(candidate.name) + '`';
+            }
+        }
+        tags[prefix + std::string(row.rawValue)] = std::string(row.meaning) + " | " + property;
+    }
+}
+
+TEST(Documents, PayloadFormatsKeepInStep) {
+    const std::string page = readFile(KORVOQR_SOURCE_DIR "/docs/payload-formats.md");
+    const CountedText value("x");
+    std::map<std::string, std::string> tags;
+    addTags(tags, "", tlv01TagRows,
+            [&](auto& holder, auto tag) { holder.setTLV01Value(tag, std::nullopt, value); });
+    addTags(tags, "62/", tlv01SubTagRows,
+            [&](auto& holder, auto tag) { holder.setTLV01Value("62", tag, value); });
+    addTags(tags, "", tlv00TagRows, [&](auto& holder, auto tag) { holder.setTLV00Value(tag, value); });
+    auto missing = tags;
+    const std::regex row(R"(\| ([-0-9/]+) \| (\S) \| (.+ \| \S+) \| .+ \| (.+) \|)");
+    for (std::sregex_iterator at(page.begin(), page.end(), row), end; at != end; ++at) {
+        const std::string twoDigit = at->str(1);
+        const std::string oneCharacter = at->str(2);
+        bool isKnown = false;
+        for (const auto& [tag, facts] : tags) {
+            if (namesTag(twoDigit, tag) || namesTag(oneCharacter, tag)) {
+                EXPECT_EQ(at->str(3), facts) << at->str();
+                missing.erase(tag);
+                isKnown = true;
+            }
+        }
+        EXPECT_TRUE(isKnown) << "there is no such tag: " << at->str();
+        std::string codes;
+        for (const ErrorCatalogueEntry& entry : errorCatalogue) {
+            if (namesTag(std::string(entry.twoDigitTag), twoDigit) ||
+                namesTag(std::string(entry.oneCharacterTag), oneCharacter)) {
+                codes += (codes.empty() ? "" : ", ") + std::string(entry.code);
+            }
+        }
+        EXPECT_EQ(at->str(4), codes.empty() ? "-" : codes) << at->str();
+    }
+    EXPECT_TRUE(missing.empty()) << "docs/payload-formats.md lacks a row for tag " << missing.begin()->first;
+}
+
+TEST(Documents, PayloadFormatExamplesHold) {
+    const std::string page = readFile(KORVOQR_SOURCE_DIR "/docs/payload-formats.md");
+    const std::regex example(R"(\| `(.+)` \| (accepted|[0-9 ]+) \|)");
+    ASSERT_TRUE(std::regex_search(page, example));
+    for (std::sregex_iterator at(page.begin(), page.end(), example), end; at != end; ++at) {
+        const auto error = QRCodeParser::parseQRData(at->str(1)).qrCodeError();
+        EXPECT_EQ(at->str(2) + ' ', error ? error->description() : "accepted ") << at->str(1);
+    }
 }
 
 // Each row of the page ends with a payload that raises the row's code, where any does.
