@@ -1,5 +1,5 @@
-# The target "docs": the reference of the public headers, as pages in the build folder. A warning fails it, so that no
-# public declaration goes without its comment and no comment names what is not there.
+# The target "docs": the reference of the public headers, as pages in the build folder. A warning fails it, because every
+# public declaration needs a comment, and every name in a comment must exist.
 find_package(Doxygen)
 if(NOT DOXYGEN_FOUND)
     return()
