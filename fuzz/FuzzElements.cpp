@@ -1,3 +1,4 @@
+#include "../tests/Payloads.h"
 #include "Properties.h"
 #include <KorvoQRParser/Decoding/TagRow.h>
 #include <KorvoQRParser/Decoding/Text/TextHelpers.h>
@@ -81,7 +82,7 @@ std::string twoDigitPayload(Choices& choices) {
         const std::string text = tag == 62 ? additionalData(choices) : value(tag == 55 ? 5 : 4, choices);
         payload += element(twoDigitText(tag), text, choices);
     }
-    return payload + (choices.below(16) == 1 ? "6304FFFF" : checksumElement(payload));
+    return choices.below(16) == 1 ? payload + "6304FFFF" : test::closed(payload);
 }
 
 std::string oneCharacterPayload(Choices& choices) {

@@ -1,9 +1,8 @@
 #include "Properties.h"
 
-#include <KorvoQRParser/Decoding/CRC.h>
+#include "../tests/Payloads.h"
 #include <KorvoQRParser/Decoding/TLVElementReader.h>
 #include <KorvoQRParser/Decoding/TagRow.h>
-#include <KorvoQRParser/KorvoQRParser.h>
 #include <KorvoQRParser/Model/QRCodeDataAccess.h>
 
 #include <algorithm>
@@ -11,7 +10,6 @@
 #include <cstdlib>
 #include <optional>
 #include <set>
-#include <vector>
 
 #include <nlohmann/json.hpp>
 
@@ -24,10 +22,6 @@ void promise(bool isKept, const char* what) {
         std::fprintf(stderr, "broken promise: %s\n", what);
         std::abort();
     }
-}
-
-bool isTwoDigit(const QRCodeData& data) {
-    return data.payloadFormatIndicator().has_value();
 }
 
 // The texts of the record that were copied from the payload; the others are derived.
@@ -43,15 +37,11 @@ std::vector<std::string> receivedTexts(const QRCodeData& data) {
     return texts;
 }
 
-void checkJSON(const QRCodeData& data, bool isASCII) {
-    const std::string text = data.jsonOutput();
-    promise(text.empty() != isASCII, "JSON output is empty exactly when a value is not ASCII");
-    if (!text.empty()) {
-        const auto json = nlohmann::json::parse(text, nullptr, false);
-        promise(json.is_object() && json.size() == qrCodeDataProperties.size(),
-                "JSON output is an object of all properties");
-        promise(json["merchantName"] == *data.merchantName(), "JSON output contains the values");
-    }
+void checkJSON(const QRCodeData& data) {
+    const auto json = nlohmann::json::parse(data.jsonOutput(), nullptr, false);
+    promise(json.is_object() && json.size() == qrCodeDataProperties.size(),
+            "the JSON output of an ASCII record is an object of all properties");
+    promise(json["merchantName"] == *data.merchantName(), "JSON output holds the values");
 }
 
 // The payload, rebuilt from its elements in another order, with lengths written without a sign.
@@ -76,21 +66,20 @@ std::string reassembled(std::string_view payload, const TLVFormat& format) {
     for (const std::string& element : elements) {
         again += element;
     }
-    return format.fieldWidth == 2 ? again + checksumElement(again) : again;
+    return format.fieldWidth == 2 ? test::closed(again) : again;
 }
 
 void checkAccepted(std::string_view payload, const QRCodeData& data) {
     for (const std::string& text : receivedTexts(data)) {
         promise(payload.find(text) != std::string_view::npos, "a record's texts are in the payload");
     }
-    const bool isASCII = std::all_of(payload.begin(), payload.end(),
-                                     [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-    if (isASCII) {
-        checkJSON(data, true);
+    if (std::all_of(payload.begin(), payload.end(),
+                    [](char c) { return static_cast<unsigned char>(c) < 0x80; })) {
+        checkJSON(data);
     }
     promise(!data.description().empty(), "a record has a description");
 
-    const bool twoDigit = isTwoDigit(data);
+    const bool twoDigit = data.payloadFormatIndicator().has_value();
     const std::string again = reassembled(payload, twoDigit ? twoDigitFormat : oneCharacterFormat);
     const auto response = QRCodeParser::parseQRData(again);
     promise(response.qrCodeData() != nullptr, "the same elements in another order are accepted");
@@ -98,13 +87,11 @@ void checkAccepted(std::string_view payload, const QRCodeData& data) {
     promise(*response.qrCodeData() == data, "the same elements in another order give the same record");
 
     if (twoDigit) {
-        const std::vector<std::string> malformed{"0"};
-        const auto codes = [](const std::string& text) {
-            const auto changed = QRCodeParser::parseQRData(text);
-            return changed.qrCodeError() ? changed.qrCodeError()->errorCodes() : std::vector<std::string>{};
+        const auto isMalformed = [](const std::string& text) {
+            return test::codesIn(QRCodeParser::parseQRData(text)) == test::Codes{"0"};
         };
-        promise(codes(std::string(payload) + 'x') == malformed, "a longer two-digit payload is malformed");
-        promise(codes(std::string(payload.substr(0, payload.size() - 1))) == malformed,
+        promise(isMalformed(std::string(payload) + 'x'), "a longer two-digit payload is malformed");
+        promise(isMalformed(std::string(payload.substr(0, payload.size() - 1))),
                 "a shorter two-digit payload is malformed");
     }
 }
@@ -122,13 +109,6 @@ void checkRefused(std::string_view payload, const std::vector<std::string>& code
 }
 
 }  // namespace
-
-std::string checksumElement(std::string_view before) {
-    std::string covered = std::string(before) + "6304";
-    char digits[5];
-    std::snprintf(digits, sizeof digits, "%04X", static_cast<unsigned>(computeCRC16(covered)));
-    return std::string("6304") + digits;
-}
 
 void checkPromises(std::string_view payload) {
     const auto response = QRCodeParser::parseQRData(payload);

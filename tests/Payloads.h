@@ -32,6 +32,11 @@ class ExactCopy {
     std::size_t size_;
 };
 
+/// The codes of an answer; empty for an accepted payload.
+inline Codes codesIn(const QRCodeParserResponse& response) {
+    return response.qrCodeError() ? response.qrCodeError()->errorCodes() : Codes{};
+}
+
 /// The checksum, computed bit by bit from its definition.
 inline std::string checksum(std::string_view text) {
     unsigned crc = 0xFFFF;

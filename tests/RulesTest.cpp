@@ -28,7 +28,7 @@ Codes codesOf(const std::string& payload) {
         }
     });
     EXPECT_EQ(calls, 1);
-    return response.qrCodeError() ? response.qrCodeError()->errorCodes() : Codes{};
+    return codesIn(response);
 }
 
 constexpr auto absent = std::nullopt;
