@@ -14,7 +14,8 @@ constexpr std::size_t valueColumn = 48;
 constexpr std::size_t gap = 2;  // blanks between two columns
 
 std::string blanks(std::size_t count) {
-    return std::string(count, ' ');
+    std::string text(count, ' ');
+    return text;
 }
 
 class Page {
