@@ -4,7 +4,7 @@ source "$(dirname "$0")/common.sh"
 for i in {1..3000}; do
     printf 'x%s\n%s\n%s\n' "$i" "$accepted" "$rejected"
 done > batch
-{ cat batch; echo 0g411111111111111111é24581231M42IN53356; } > foreign
+{ echo "$foreign"; cat batch; echo "$foreign"; } > foreign
 replay batch
 
 # An engine keeps the order.

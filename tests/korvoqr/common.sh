@@ -8,10 +8,11 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
 
-export LC_ALL=C.UTF-8 TERM=xterm SHELL=/bin/sh accepted rejected
+export LC_ALL=C.UTF-8 TERM=xterm SHELL=/bin/sh accepted rejected foreign
 unset NO_COLOR
 accepted=$(< "$data/full.payload")
 rejected=${accepted/02104/02105}
+foreign=0g411111111111111111é24581231M42IN53356
 refusal='{"qrCodeError":{"errorCodes":["1","3","48"],"errorNames":["merchantIdInvalidStartingDigit",'
 refusal+='"merchantIdInvalidCheckDigit","crcInvalidValue"]}}'
 

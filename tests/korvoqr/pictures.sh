@@ -7,7 +7,7 @@ while read -r name text; do
 done << END
 plain $accepted
 other $rejected
-foreign 0g411111111111111111é24581231M42IN53356
+foreign $foreign
 latin $(printf '0g411111111111111111\xE924581231M42IN53356')
 $(seq 9)
 END

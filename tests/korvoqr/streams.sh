@@ -2,17 +2,19 @@
 source "$(dirname "$0")/common.sh"
 
 # An answer comes before the next payload does, also if a payload comes in pieces.
-coproc tool { korvoqr parse --format jsonl; }
-pid=$tool_PID
-for _ in 1 2 3; do
-    printf %s "${rejected::100}" >&"${tool[1]}"
-    sleep 0.1
-    echo "${rejected:100}" >&"${tool[1]}"
-    read -r -t 10 answer <&"${tool[0]}"
-    [[ $answer == "$refusal" ]]
+for command in parse explain; do
+    coproc tool { korvoqr $command --format json | jq --unbuffered -c '.. | .errorCodes? // empty'; }
+    pid=$tool_PID
+    for _ in 1 2 3; do
+        printf %s "${rejected::100}" >&"${tool[1]}"
+        sleep 0.1
+        echo "${rejected:100}" >&"${tool[1]}"
+        read -r -t 10 answer <&"${tool[0]}"
+        [[ $answer == '["1","3","48"]' ]]
+    done
+    exec {tool[1]}>&-
+    wait "$pid" || (($? == 1))
 done
-exec {tool[1]}>&-
-wait "$pid" || (($? == 1))
 
 # Memory that grew with the input would not fit; a sanitized tool cannot start under such a limit at all.
 limit=200000

@@ -57,7 +57,7 @@ bool namesTag(std::string_view list, std::string_view tag) {
         list.remove_prefix(std::min(list.size(), item.size() + 2));
         const std::string_view first = item.substr(0, item.find('-'));
         const std::string_view last = first.size() < item.size() ? item.substr(first.size() + 1) : first;
-        if (tag.size() == first.size() && first <= tag && tag <= last) {
+        if (first <= tag && tag <= last) {
             return true;
         }
     }

@@ -14,7 +14,8 @@ constexpr std::size_t valueColumn = 48;
 constexpr std::size_t gap = 2;  // blanks between two columns
 
 std::string blanks(std::size_t count) {
-    return std::string(count, ' ');
+    std::string text(count, ' ');
+    return text;
 }
 
 class Page {
@@ -129,19 +130,19 @@ class Page {
     }
 
     void addViolation(const korvo::ErrorCatalogueEntry& entry, std::size_t column) {
-        const std::string_view mark = style_.boxes ? "✗ " : "! ";
-        text_ += blanks(column);
-        std::string code(entry.code);
-        code += ' ';
-        code += entry.name;
-        text_ += painted(style_, Paint::fault, std::string(mark) + code) + '\n';
+        std::string mark = style_.boxes ? "✗ " : "! ";
+        const std::size_t textColumn = column + displayWidth(mark);
+        const std::string code = std::string(entry.code) + ' ' + std::string(entry.name);
+        for (const std::string_view line : wrapped(code, style_.widthFrom(textColumn), true)) {
+            text_ += blanks(column) + painted(style_, Paint::fault, mark + std::string(line)) + '\n';
+            mark = blanks(textColumn - column);
+        }
         std::string meaning(entry.meaning);
         if (entry.code == korvo::KorvoErrorConstants::crcInvalidValue && explanation_.computedChecksum) {
             meaning += " Found: " + inQuotes(explanation_.elements.back().value.text()) +
                        "; the payload should end with " + std::string(checksumHead) +
                        *explanation_.computedChecksum + '.';
         }
-        const std::size_t textColumn = column + displayWidth(mark);
         text_ += blanks(textColumn);
         addColumn(meaning, textColumn, true);
     }

@@ -244,14 +244,15 @@ std::vector<std::string_view> wrapped(std::string_view text, std::size_t width, 
             break;
         }
         columns += displayWidth(*character);
-        if (columns > width && before > start) {
-            const std::size_t end = atBlanks && breakAt > start ? breakAt : before;
-            lines.push_back(text.substr(start, end - start));
-            start = end;
-            columns = displayWidth(text.substr(start, characters.offset() - start));
-        }
-        if (*character == " ") {
+        if (atBlanks && *character == " ") {
             breakAt = characters.offset();
+        }
+        if (columns > width && before > start) {
+            const bool isAtBlank = breakAt > start;
+            const std::size_t next = isAtBlank ? breakAt : before;
+            lines.push_back(text.substr(start, next - start - (isAtBlank ? 1 : 0)));
+            start = next;
+            columns = displayWidth(text.substr(start, characters.offset() - start));
         }
     }
     if (start < text.size() || lines.empty()) {

@@ -60,8 +60,8 @@ std::string padded(std::string_view text, std::size_t width);
 /// The same with the blanks before the text.
 std::string rightAligned(std::string_view text, std::size_t width);
 
-/// The text in lines of at most `width` columns, cut between user-perceived characters; with `atBlanks`,
-/// after the last blank that fits, if there is one. One line for a width of 0.
+/// The text in lines of at most `width` columns, cut between user-perceived characters; with `atBlanks`, at
+/// the last blank that fits, if there is one, and without that blank. One line for a width of 0.
 std::vector<std::string_view> wrapped(std::string_view text, std::size_t width, bool atBlanks);
 
 }  // namespace korvoqr

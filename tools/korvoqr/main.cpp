@@ -151,7 +151,7 @@ void addCodes(CommandLine& line) {
 
 // The reason for a usage error, for a person.
 std::string reasonOf(const CommandLine& line, const CLI::Error& error, const std::string& firstArgument) {
-    const std::string reason = korvoqr::visible(unshielded(error.what()));
+    std::string reason = korvoqr::visible(unshielded(error.what()));
     if (line.app.get_subcommands().empty() && !firstArgument.empty()) {
         return std::string(firstArgument.front() == '-' ? "there is no option " : "there is no command ") +
                korvoqr::visible(firstArgument);
