@@ -57,10 +57,6 @@ class Batch {
 
     /// Waits until every answer has been delivered. Rethrows an exception of a thread.
     void finish() {
-        {
-            std::unique_lock lock(mutex_);
-            changed_.wait(lock, [this] { return tasks_.empty() || failure_; });
-        }
         stop();
         if (failure_) {
             std::rethrow_exception(failure_);
@@ -80,6 +76,7 @@ class Batch {
         std::unique_lock lock(mutex_);
         while (true) {
             changed_.wait(lock, [this] { return started_ < tasks_.size() || isEnding_ || failure_; });
+            // The blocks that wait are answered before the end.
             if (started_ == tasks_.size() || failure_) {
                 return;
             }
