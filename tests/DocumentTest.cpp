@@ -50,7 +50,9 @@ void addTags(std::map<std::string, std::string>& tags, const std::string& prefix
                 property = '`' + std::string(candidate.name) + '`';
             }
         }
-        tags[prefix + std::string(row.rawValue)] = std::string(row.meaning) + " | " + property;
+        const std::string tag = prefix + std::string(row.rawValue);
+        EXPECT_EQ(property == "-", row.meaning == "Not kept") << "no property has the value of tag " << tag;
+        tags[tag] = std::string(row.meaning) + " | " + property;
     }
 }
 

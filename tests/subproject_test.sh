@@ -18,7 +18,7 @@ check() {
     cmake --build "$build" > "$log" || { cat "$log"; return 1; }
     [[ $(find "$build" -name '*.so' -o -name '*.a' -o -type f -executable -not -path '*/CMakeFiles/*' -not -name '*.so.*' |
         sed 's,.*/,,' | LC_ALL=C sort | tr '\n' ' ') == "$3 " ]]
-    "$build/consumer" "$accepted" | sed -n 3,71p | diff "$source/tests/data/full.txt" -
+    "$build/consumer" "$accepted" | sed '1,2d; /^{/,$d' | diff "$source/tests/data/full.txt" -
     cmake --install "$build" --prefix "$folder/installed" > "$log"
     [[ ! -e $folder/installed ]]  # that project decides what it installs
 }
