@@ -1,6 +1,7 @@
 #include "Payloads.h"
-#include <KorvoQRParser/Model/QRCodeDataAccess.h>
-#include <KorvoQRParser/Parser/assembleQRCodeData.h>
+#include <KorvoQRParser/Decoding/PMValidTLV01AdditionalDataField.h>
+#include <KorvoQRParser/Decoding/PayMerchantValidTLV00.h>
+#include <KorvoQRParser/Decoding/PayMerchantValidTLV01.h>
 
 #include <algorithm>
 #include <map>
@@ -36,36 +37,25 @@ bool namesTag(const std::string& list, const std::string& tag) {
                : dash == tag.size() && list.substr(0, dash) <= tag && tag <= list.substr(dash + 1);
 }
 
-// The meaning of each tag in a list, and the property that keeps its value, as the page writes them.
-template <class Rows, class Store>
-void addTags(std::map<std::string, std::string>& tags, const std::string& prefix, const Rows& rows,
-             Store store) {
-    for (const TagRow& row : rows) {
-        KorvoPayMerchantTLV holder;
-        store(holder, row.rawValue);
-        const auto data = assembleQRCodeData(holder);
-        std::string property = "-";
-        for (const auto& candidate : qrCodeDataProperties) {
-            if (!candidate.isFlag && QRCodeDataAccess::text(*data, candidate.index) == "x") {
-                property = '`' + std::string(candidate.name) + '`';
-            }
-        }
-        const std::string tag = prefix + std::string(row.rawValue);
-        EXPECT_EQ(property == "-", row.meaning == "Not kept") << "no property has the value of tag " << tag;
-        tags[tag] = std::string(row.meaning) + " | " + property;
+// The meaning of each tag, and the property that gets its value. Holder.StoresByTag checks the rows.
+std::map<std::string, std::string> factsOfTags() {
+    std::map<std::string, std::string> facts;
+    for (const auto& row : readRows("tags.txt")) {
+        const std::string& raw = row.at(1);
+        const TagRow& tag = row[0] == "01"   ? tagRow(*payMerchantValidTLV01(raw))
+                            : row[0] == "62" ? tagRow(*pmValidTLV01AdditionalDataField(raw))
+                                             : tagRow(*payMerchantValidTLV00(raw));
+        EXPECT_EQ(row.at(3) == "-", tag.meaning == "Not kept") << raw;
+        facts[(row[0] == "62" ? "62/" : "") + raw] =
+            std::string(tag.meaning) + (row[3] == "-" ? " | -" : " | `" + row[3] + '`');
     }
+    return facts;
 }
 
 TEST(Documents, PayloadFormatsKeepInStep) {
-    const std::string page = readFile(KORVOQR_SOURCE_DIR "/docs/payload-formats.md");
-    const CountedText value("x");
-    std::map<std::string, std::string> tags;
-    addTags(tags, "", tlv01TagRows,
-            [&](auto& holder, auto tag) { holder.setTLV01Value(tag, std::nullopt, value); });
-    addTags(tags, "62/", tlv01SubTagRows,
-            [&](auto& holder, auto tag) { holder.setTLV01Value("62", tag, value); });
-    addTags(tags, "", tlv00TagRows, [&](auto& holder, auto tag) { holder.setTLV00Value(tag, value); });
+    const auto tags = factsOfTags();
     auto missing = tags;
+    const std::string page = readFile(KORVOQR_SOURCE_DIR "/docs/payload-formats.md");
     const std::regex row(R"(\| ([-0-9/]+) \| (\S) \| (.+ \| \S+) \| .+ \| (.+) \|)");
     for (std::sregex_iterator at(page.begin(), page.end(), row), end; at != end; ++at) {
         const std::string twoDigit = at->str(1);
