@@ -1,5 +1,5 @@
 #include "Payloads.h"
-#include <KorvoQRParser/Model/QRCodeDataAccess.h>
+#include <KorvoQRParser/Decoding/KorvoPayMerchantTLV.h>
 #include <KorvoQRParser/Parser/assembleQRCodeData.h>
 
 #include <algorithm>
@@ -29,50 +29,51 @@ TEST(Documents, SamplesKeepInStep) {
 }
 
 // Whether a list of tags such as "56, 57" or "62/01-62/08" names a tag.
-bool namesTag(const std::string& list, const std::string& tag) {
+bool namesTag(std::string_view list, const std::string& tag) {
     const auto dash = list.find('-', 1);
     return dash == std::string::npos
-               ? tag != "-" && (", " + list + ',').find(", " + tag + ',') != std::string::npos
+               ? tag != "-" && (", " + std::string(list) + ',').find(", " + tag + ',') != std::string::npos
                : dash == tag.size() && list.substr(0, dash) <= tag && tag <= list.substr(dash + 1);
 }
 
-// The meaning of each tag in a list, and the property that keeps its value, as the page writes them.
-template <class Rows, class Store>
-void addTags(std::map<std::string, std::string>& tags, const std::string& prefix, const Rows& rows,
-             Store store) {
-    for (const TagRow& row : rows) {
+// For each tag its meaning, and the property that gets its value.
+std::map<std::string, std::string> factsOfTags() {
+    std::map<std::string, std::string> tags;
+    const auto addTag = [&tags](const std::string& tag, const TagRow& row,
+                                const KorvoPayMerchantTLV& holder) {
+        const std::string json = assembleQRCodeData(holder)->jsonOutput();
+        std::smatch property;
+        const bool isKept = std::regex_search(json, property, std::regex(R"re("(\w+)": "x")re"));
+        EXPECT_NE(isKept, row.meaning == "Not kept") << "the property of tag " << tag;
+        tags[tag] = std::string(row.meaning) + " | " + (isKept ? '`' + property.str(1) + '`' : "-");
+    };
+    for (const TagRow& row : tlv01TagRows) {
         KorvoPayMerchantTLV holder;
-        store(holder, row.rawValue);
-        const auto data = assembleQRCodeData(holder);
-        std::string property = "-";
-        for (const auto& candidate : qrCodeDataProperties) {
-            if (!candidate.isFlag && QRCodeDataAccess::text(*data, candidate.index) == "x") {
-                property = '`' + std::string(candidate.name) + '`';
-            }
-        }
-        const std::string tag = prefix + std::string(row.rawValue);
-        EXPECT_EQ(property == "-", row.meaning == "Not kept") << "no property has the value of tag " << tag;
-        tags[tag] = std::string(row.meaning) + " | " + property;
+        holder.setTLV01Value(row.rawValue, std::nullopt, "x");
+        addTag(std::string(row.rawValue), row, holder);
     }
+    for (const TagRow& row : tlv01SubTagRows) {
+        KorvoPayMerchantTLV holder;
+        holder.setTLV01Value("62", row.rawValue, "x");
+        addTag("62/" + std::string(row.rawValue), row, holder);
+    }
+    for (const TagRow& row : tlv00TagRows) {
+        KorvoPayMerchantTLV holder;
+        holder.setTLV00Value(row.rawValue, "x");
+        addTag(std::string(row.rawValue), row, holder);
+    }
+    return tags;
 }
 
 TEST(Documents, PayloadFormatsKeepInStep) {
-    const std::string page = readFile(KORVOQR_SOURCE_DIR "/docs/payload-formats.md");
-    const CountedText value("x");
-    std::map<std::string, std::string> tags;
-    addTags(tags, "", tlv01TagRows,
-            [&](auto& holder, auto tag) { holder.setTLV01Value(tag, std::nullopt, value); });
-    addTags(tags, "62/", tlv01SubTagRows,
-            [&](auto& holder, auto tag) { holder.setTLV01Value("62", tag, value); });
-    addTags(tags, "", tlv00TagRows, [&](auto& holder, auto tag) { holder.setTLV00Value(tag, value); });
+    const auto tags = factsOfTags();
     auto missing = tags;
+    const std::string page = readFile(KORVOQR_SOURCE_DIR "/docs/payload-formats.md");
     const std::regex row(R"(\| ([-0-9/]+) \| (\S) \| (.+ \| \S+) \| .+ \| (.+) \|)");
     for (std::sregex_iterator at(page.begin(), page.end(), row), end; at != end; ++at) {
-        const std::string twoDigit = at->str(1);
-        const std::string oneCharacter = at->str(2);
         bool isKnown = false;
         for (const auto& [tag, facts] : tags) {
-            if (namesTag(twoDigit, tag) || namesTag(oneCharacter, tag)) {
+            if (namesTag(at->str(1), tag) || namesTag(at->str(2), tag)) {
                 EXPECT_EQ(at->str(3), facts) << at->str();
                 missing.erase(tag);
                 isKnown = true;
@@ -81,8 +82,7 @@ TEST(Documents, PayloadFormatsKeepInStep) {
         EXPECT_TRUE(isKnown) << "there is no such tag: " << at->str();
         std::string codes;
         for (const ErrorCatalogueEntry& entry : errorCatalogue) {
-            if (namesTag(std::string(entry.twoDigitTag), twoDigit) ||
-                namesTag(std::string(entry.oneCharacterTag), oneCharacter)) {
+            if (namesTag(entry.twoDigitTag, at->str(1)) || namesTag(entry.oneCharacterTag, at->str(2))) {
                 codes += (codes.empty() ? "" : ", ") + std::string(entry.code);
             }
         }
