@@ -1,13 +1,11 @@
 #!/usr/bin/env bash
-# Runs the commands in the documents and looks for the files that they name.
+# Runs the blocks of the documents, and looks for the files that they name.
 # Usage: documents_test.sh SOURCE BUILD VERSION. Stops at the first failure.
 #
-# The commands run in a folder that looks like the repository after a build:
-#   ```sh       must succeed
-#   ```console  one command after "$ ", then its output, which is compared
-#   ```cmake    is configured as a part of another project, beside the installation that earlier commands made
-# Nothing changes the machine: HOME and the root of installed packages are scratch folders, and there is no real sudo or
-# apt. The scripts would take hours. A stand-in checks that the script exists and has the options, and does quick work.
+# Blocks run in a folder that looks like the repository after a build: ```sh has commands, ```console a command and its
+# output, ```cmake a part of another project, beside the installation that earlier blocks made. HOME and the root of
+# installed packages are scratch folders, and sudo and apt are not the real ones. Nor are the scripts, which would take
+# hours: a stand-in checks that the script exists and has the options, and does quick work.
 set -Eeuo pipefail
 trap 'echo "FAILED in line $LINENO: $BASH_COMMAND"' ERR
 source=$1 build=$2 version=$3
@@ -64,12 +62,11 @@ run_cmake() {
     rm -rf "$app"
     mkdir -p "$app/path/to/this"
     ln -s "$source" "$app/path/to/this/repository"
-    {
-        echo 'cmake_minimum_required(VERSION 3.25)'
-        echo 'project(app LANGUAGES CXX)'
-        echo "add_executable(app $source/examples/pay.cpp)"
-        cat "$1"
-    } > "$app/CMakeLists.txt"
+    cat - "$1" > "$app/CMakeLists.txt" <<END
+cmake_minimum_required(VERSION 3.25)
+project(app LANGUAGES CXX)
+add_executable(app $source/examples/pay.cpp)
+END
     cmake -G Ninja -S "$app" -B "$app/build" -D CMAKE_PREFIX_PATH="$HOME/korvoqrparser" > "$work/log" 2>&1
 }
 
