@@ -25,7 +25,7 @@ inline constexpr std::string_view allowedConsumerTags = "AME";
 inline constexpr std::string_view amountFormat = "%.2f";
 inline constexpr std::string_view defaultAmount = "0.00";
 inline constexpr std::string_view defaultTransactionCurrency = "356";
-inline constexpr std::string_view emptyString{""};
+inline constexpr std::string_view emptyString{""};  // NOLINT(readability-redundant-string-init): not null
 inline constexpr std::string_view spaceString = " ";
 inline constexpr std::string_view nonBreakingSpace = "\u00A0";
 inline constexpr std::string_view percentageSymbol = "%";
