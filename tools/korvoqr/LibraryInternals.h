@@ -12,7 +12,7 @@
 #include <KorvoQRParser/Decoding/Text/CountedText.h>      // values with their number of characters
 #include <KorvoQRParser/Decoding/Text/TextHelpers.h>      // lower case, to compare tags as the decoder does
 #include <KorvoQRParser/Model/JSONString.h>               // strings in JSON
-#include <KorvoQRParser/Model/QRCodeDataAccess.h>     // the members of a JSON line
+#include <KorvoQRParser/Model/QRCodeDataAccess.h>         // the members of a JSON line
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>  // the rules for that check
 
 #endif
