@@ -109,8 +109,9 @@ TEST(Text, CharacterSets) {
 std::string utf8(char32_t codePoint) {
     std::array<char, U8_MAX_LENGTH> bytes{};
     std::size_t length = 0;
-    U8_APPEND_UNSAFE(bytes.data(), length, codePoint);
-    return {bytes.data(), length};
+    char* const start = bytes.data();
+    U8_APPEND_UNSAFE(start, length, codePoint);
+    return {start, length};
 }
 
 // The cases of the Unicode Consortium, each with its number of characters.
