@@ -17,7 +17,8 @@ qrencode -S -v 1 -o split.png 0g411111111111111111a24581231M42IN53356
 pamscale 2.7 plain.pnm 2> /dev/null | pnmrotate -background white 23 | pnmtojpeg -quality 60 > photo.jpg
 pnminvert plain.pnm > dark.pnm
 pnmtopng dark.pnm > dark.png
-pnmtopng -alpha=dark.pnm plain.pnm > clear.png 2> /dev/null
+pamfunc -multiplier=0 plain.pnm > black.pnm
+pnmtopng -alpha=dark.pnm black.pnm > clear.png 2> /dev/null
 pnmpad -white -right 60 plain.pnm | pnmcat -white -leftright - other.pnm 2> /dev/null | pnmtopng > two.png 2> /dev/null
 for i in 1 4 7; do
     pnmcat -leftright $i.pnm $((i + 1)).pnm $((i + 2)).pnm > row$i.pnm

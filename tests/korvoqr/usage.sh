@@ -9,7 +9,7 @@ for command in '' parse explain codes; do
     awk 'length > 80 || NR > 24 { exit 1 }' help
     for option in $(grep -oE '(^| |,)--[a-z]+' help | tr -d ' ,' | sort -u); do
         for page in korvoqr.1.in completion/korvoqr.bash completion/_korvoqr; do
-            sed 's/\\-/-/g' "$root/tools/korvoqr/$page" | grep -wF -e "$option" > found
+            sed '/^\.EX/,$d; s/\\-/-/g' "$root/tools/korvoqr/$page" | grep -wF -e "$option" > found
         done
     done
 done
