@@ -2,7 +2,6 @@
 #include <KorvoQRParser/Decoding/Text/CharacterSet.h>
 #include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 
-#include <array>
 #include <random>
 #include <sstream>
 
@@ -107,11 +106,10 @@ TEST(Text, CharacterSets) {
 }
 
 std::string utf8(char32_t codePoint) {
-    std::array<char, U8_MAX_LENGTH> bytes{};
+    std::string text(U8_MAX_LENGTH, '\0');
     std::size_t length = 0;
-    char* const start = bytes.data();
-    U8_APPEND_UNSAFE(start, length, codePoint);
-    return {start, length};
+    U8_APPEND_UNSAFE(text, length, codePoint);
+    return text.substr(0, length);
 }
 
 // The cases of the Unicode Consortium, each with its number of characters.
