@@ -8,7 +8,7 @@
 
 #include <memory>
 
-/// Makes the object that stands for a parse's record or error; nil for null. The caller owns it. Functions
+/// Makes the object for the record or the error of a parse; nil for null. The caller owns it. Functions
 /// and not methods, so that the classes have no selectors beyond the published ones.
 namespace korvo::objectivec {
 

@@ -17,7 +17,7 @@ NS_ASSUME_NONNULL_BEGIN
 ///
 /// A merchant leaves a value to the consumer by a placeholder: "***" in the two-digit format, "?" and the
 /// length as one character in the one-character format. Its flag (isBillIDMandatory and so on) is then YES.
-/// The value itself stays in the record as received, but for primaryID and secondaryID, which become absent.
+/// The value itself stays in the record as received, except primaryID and secondaryID, which become nil.
 ///
 /// A text is nil when the payload did not carry the value; a present but empty value is an empty string,
 /// never nil. Lengths count user-perceived characters. Tags are those of the two-digit format, then, in
