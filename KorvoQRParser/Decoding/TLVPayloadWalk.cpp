@@ -69,7 +69,7 @@ std::optional<bool> isTwoDigit(CharacterReader payload) noexcept {
     if (!firstTwo) {
         return std::nullopt;
     }
-    return *firstTwo == rawValue(PayMerchantValidTLV01::PayloadFormatIndicator);
+    return isSame(*firstTwo, rawValue(PayMerchantValidTLV01::PayloadFormatIndicator));
 }
 
 }  // namespace

@@ -66,7 +66,7 @@ bool KorvoPayMerchantTLVValidator::validateMerchantID(const Value& merchantID) {
         if (isLengthOutside(*merchantID, 8, MerchantAccountNumber::fullLength) ||
             !parseInteger(merchantID->text(), 10)) {
             addErrorCode(Codes::merchantIdInvalidLength);
-        } else if (substringWithOffsets(6, 8, *merchantID) == "00") {
+        } else if (isSame(substringWithOffsets(6, 8, *merchantID), "00")) {
             addErrorCode(Codes::merchantIdRedundantSequence);
         }
         if (!passesLuhnTest(*merchantID)) {
