@@ -95,10 +95,10 @@ TEST(Text, CharacterSets) {
         EXPECT_TRUE(consistsOfCharactersOf(word, words)) << word;
     }
     // Line ends, VT, FF, a zero width space, a line separator, malformed bytes
-    for (const char* const other : {"\n", "\r", ".", "\v", "\f", "\u200B", "\u2028", "\x80"}) {
+    for (const char* const other : {"\n", "\r", ".", "\v", "\f", "\u200B", "\u2028", "\u0080", "\x80"}) {
         EXPECT_FALSE(containsCharacterOf(other, words)) << testing::PrintToString(other);
     }
-    auto set = CharacterSet::characterSetWithCharactersInString("a\x80\u20AC");
+    auto set = CharacterSet::characterSetWithCharactersInString("a\x80\u0080\u20AC");
     EXPECT_TRUE(consistsOfCharactersOf("\u20ACa", set) && !containsCharacterOf("b\u00E8", set));
     EXPECT_TRUE(containsCharacterOf("\u20AC", CharacterSet::unionAlphaNumericCharacterSetWith(set)));
     EXPECT_TRUE(consistsOfCharactersOf("\u20ACaZ", set.formUnionWith(CharacterSet::letterCharacterSet())));
