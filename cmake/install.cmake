@@ -7,6 +7,9 @@ set(packageDir ${CMAKE_INSTALL_LIBDIR}/cmake/KorvoQRParser)
 # Both kinds of library are installed under the same target name, each in an export file of its own. The package's
 # configuration includes one of the two.
 foreach(target KorvoQRParser KorvoQRParserShared)
+    if(NOT TARGET ${target})
+        continue()  # a platform without shared libraries
+    endif()
     if(target STREQUAL "KorvoQRParser")
         set(kind static)
     else()

@@ -31,12 +31,4 @@ set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 
-# A program that links the static library needs the ICU that the library was built with, so the development package
-# depends on the package that owns it. An ICU that came from no package has no owner, and no dependency is added for it.
-execute_process(COMMAND dpkg-query --search ${ICU_UC_LIBRARY_RELEASE}
-    OUTPUT_VARIABLE icuOwner ERROR_QUIET)
-if(icuOwner MATCHES "^([^:]+):")
-    set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS ${CMAKE_MATCH_1})
-endif()
-
 include(CPack)

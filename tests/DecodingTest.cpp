@@ -1,4 +1,4 @@
-#include "Payloads.h"
+#include "GeneratedPayloads.h"
 #include <KorvoQRParser/Decoding/KorvoPayMerchantTLV.h>
 #include <KorvoQRParser/Decoding/PMValidTLV01AdditionalDataField.h>
 #include <KorvoQRParser/Decoding/PayMerchantValidTLV00.h>
@@ -225,8 +225,17 @@ void expectModelAgrees(const std::string& payload) {
 
 const std::array<std::string, 10> alphabet{"0", "1", "6", "3", "2", "A", "a", "+", "?", "\xCC\x81"};
 
+struct AlphabetChoices {
+    unsigned below(unsigned n) { return static_cast<unsigned>(random()) % n; }
+    bool atEnd() { return below(3) == 0; }
+    std::string text(std::size_t length) {
+        return length == 0 ? "" : alphabet.at(below(10)) + text(length - 1);
+    }
+    std::mt19937 random;
+};
+
+// Every short text, and payloads that are nearly right
 TEST(Decoding, AgreesWithTheModel) {
-    // Every short text
     for (unsigned length = 0, texts = 1; length <= 5; ++length, texts *= 10) {
         for (unsigned number = 0; number < texts; ++number) {
             std::string payload;
@@ -236,27 +245,9 @@ TEST(Decoding, AgreesWithTheModel) {
             expectModelAgrees(payload);
         }
     }
-    // Nearly right payloads
-    std::mt19937 random(20261121);
-    const auto below = [&random](unsigned n) { return static_cast<unsigned>(random() % n); };
-    const auto number = [](unsigned n) { return std::string(twoDigitText(n)); };
-    for (int round = 0; round < 30000; ++round) {
-        const bool isTwoDigit = below(3) != 0;
-        std::string payload = isTwoDigit ? "000201" : "";
-        for (unsigned i = below(6); i > 0; --i) {
-            const unsigned length = below(12);
-            const unsigned announced = length + (below(20) == 0 ? 1 : 0);
-            std::string text;
-            for (unsigned character = 0; character < length; ++character) {
-                text += alphabet.at(below(10));
-            }
-            const std::string tag = below(3) == 0 ? "62" : number(1 + below(64));
-            payload += !isTwoDigit ? std::string{"0123456789aBbAc"[below(15)], "0123456789ab"[announced % 12]}
-                       : tag == "62" ? tag + number(length + 4) + number(1 + below(23)) + number(announced)
-                                     : tag + number(announced);
-            payload += text;
-        }
-        expectModelAgrees(isTwoDigit && below(8) != 0 ? payload + "6304ABCD" : payload);
+    AlphabetChoices choices;
+    for (int round = 0; round < 60000; ++round) {
+        expectModelAgrees(generatedPayload(choices));
     }
 }
 

@@ -1,6 +1,7 @@
 #include "Payloads.h"
 
 #include <chrono>
+#include <tuple>
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -15,18 +16,13 @@ long peakMegabytes() {
 }
 
 TEST(Hostile, HugeTextsAreAnsweredAtOnceAndInPlace) {
-    struct Row {
-        std::string head;
-        std::string unit;
-        Codes codes;
-    };
     constexpr std::size_t huge = 100'000'000;
     const std::string marks = "\xCC\x81";
     const std::string regionalIndicator = "\xF0\x9F\x87\xAE";
     const std::string womanAndJoiner = "\xF0\x9F\x91\xA9\xE2\x80\x8D";
     const std::string hangul = "\xE1\x84\x80\xE1\x85\xA1";
     const std::string nearlyAll = join(changed(oneCharacter, {{"0", std::nullopt}}));
-    const std::vector<Row> rows{
+    const std::vector<std::tuple<std::string, std::string, Codes>> rows{
         {"", "0", {"0"}},
         {"", "7", {"0"}},
         {"", std::string(1, '\0'), {"0"}},
@@ -57,22 +53,6 @@ TEST(Hostile, HugeTextsAreAnsweredAtOnceAndInPlace) {
         // A quadratic algorithm would take days. A refusal needs no copy of the text, a record needs one.
         EXPECT_LT(seconds, 60) << head << " and " << unit;
         EXPECT_LT(peakMegabytes() - before, codes.empty() ? 120 : 16) << head << " and " << unit;
-    }
-}
-
-TEST(Hostile, CutOrChangedPayloadsAreNeverAccepted) {
-    const std::string payload = with(twoDigit, {{"62", element("01", "***")}, {"54", "1.5"}});
-    ASSERT_EQ(codesIn(QRCodeParser::parseQRData(payload)), Codes{});
-    for (std::size_t length = 0; length < payload.size(); ++length) {
-        EXPECT_EQ(codesIn(QRCodeParser::parseQRData(payload.substr(0, length))), Codes{"0"}) << length;
-    }
-    for (std::size_t at = 0; at < payload.size() - 4; ++at) {
-        for (int byte = 0; byte < 256; ++byte) {
-            std::string changed = payload;
-            changed[at] = static_cast<char>(byte);
-            EXPECT_EQ(codesIn(QRCodeParser::parseQRData(changed)).empty(), changed == payload)
-                << at << ' ' << byte;
-        }
     }
 }
 

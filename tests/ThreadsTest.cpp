@@ -10,12 +10,8 @@ namespace korvo::test {
 namespace {
 
 TEST(Threads, NeverSeeEachOthersAnswers) {
-    struct Case {
-        std::string payload;
-        Codes codes;
-    };
     const std::string acute = "\xCC\x81";
-    const std::vector<Case> cases{
+    const std::vector<std::pair<std::string, Codes>> cases{
         {with(twoDigit, {}), {}},
         {with(twoDigit, {{"58", "in"}, {"53", "933"}}), {"14", "12"}},
         {with(oneCharacter, {{"7", "?5"}}), {}},
@@ -27,13 +23,13 @@ TEST(Threads, NeverSeeEachOthersAnswers) {
     for (std::size_t t = 0; t < 8; ++t) {
         threads.emplace_back([&, t] {
             for (std::size_t i = 0; i < 500; ++i) {
-                const Case& mine = cases[(t + i) % cases.size()];
-                EXPECT_EQ(codesIn(QRCodeParser::parseQRData(mine.payload)), mine.codes);
-                QRCodeParser::parseQRData(mine.payload, [&](const auto& response) {
+                const auto& [payload, codes] = cases[(t + i) % cases.size()];
+                EXPECT_EQ(codesIn(QRCodeParser::parseQRData(payload)), codes);
+                QRCodeParser::parseQRData(payload, [&, &mine = codes](const auto& response) {
                     // A handler may parse again.
-                    const Case& other = cases[t % cases.size()];
-                    EXPECT_EQ(codesIn(QRCodeParser::parseQRData(other.payload)), other.codes);
-                    EXPECT_EQ(codesIn(*response), mine.codes);
+                    const auto& [other, others] = cases[t % cases.size()];
+                    EXPECT_EQ(codesIn(QRCodeParser::parseQRData(other)), others);
+                    EXPECT_EQ(codesIn(*response), mine);
                 });
             }
         });

@@ -20,14 +20,13 @@ development=$work/korvoqrparser-dev_${version}_$architecture.deb
 field() {
     dpkg-deb -f "$1" "$2"
 }
-echo "dependencies: the libraries that the programs need, and ICU for programs that link the static library"
+echo "dependencies: the libraries that the programs need"
 needed=$(readelf -d "$build"/KorvoQRParser/libKorvoQRParser.so | sed -n 's/.*NEEDED.*\[\(lib.*\)\]/\1/p')
 for library in $needed; do
     owner=$(dpkg-query --search "*/$(dpkg-architecture -qDEB_HOST_MULTIARCH)/$library" | sed -n '1s/:.*//p')
     grep -qxF "$owner" <(field "$runtime" Depends | tr ',' '\n' | sed 's/(.*//; s/ //g')
 done
 grep -qF "korvoqrparser (= $version)" <(field "$development" Depends)
-grep -qF libicu-dev <(field "$development" Depends)
 
 echo "what is in which"
 files() {

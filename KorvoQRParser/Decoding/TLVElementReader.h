@@ -2,7 +2,10 @@
 #define KORVOQRPARSER_DECODING_TLVELEMENTREADER_H
 
 #include <KorvoQRParser/Decoding/TLVDecodingError.h>
+#include <KorvoQRParser/Decoding/TagRow.h>
+#include <KorvoQRParser/Decoding/Text/ASCII.h>
 #include <KorvoQRParser/Decoding/Text/CountedText.h>
+#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 
 #include <bitset>
 #include <cstddef>
@@ -12,6 +15,22 @@
 
 namespace korvo {
 
+namespace detail {
+
+// The one character outside ASCII whose lower case is a digit: "k".
+inline constexpr std::string_view kelvinSign = "\u212A";
+
+// The bit of a tag in the set of seen tags; negative when it has none. Only tags of two digits or of one
+// ASCII character have a bit: every other tag is unknown, and decoding ends at the first unknown tag.
+inline int seenTagBit(std::string_view tag) {
+    if (tag.size() == 1) {
+        return static_cast<unsigned char>(asciiLowerCase(tag[0]));
+    }
+    return twoDigitNumber(tag);
+}
+
+}  // namespace detail
+
 /// The shape of the elements on one level of a payload: the width of tags and length fields, and the allowed
 /// lengths.
 struct TLVFormat {
@@ -20,7 +39,19 @@ struct TLVFormat {
     std::int64_t minimumLength;  ///< length of the shortest value, in characters
 
     /// The number in a length field. Negative, and so below every minimum, when the field is not a number.
-    std::int64_t readLength(std::string_view field) const noexcept;
+    std::int64_t readLength(std::string_view field) const noexcept {
+        // Nearly every length field takes this path, which avoids the general parse.
+        if (const int number = twoDigitNumber(field); number >= 0) {
+            return number;
+        }
+        if (fieldWidth == 1) {
+            const int digit = field.size() == 1             ? digitValue(field[0])
+                              : field == detail::kelvinSign ? digitValue('k')
+                                                            : lengthRadix;
+            return digit < lengthRadix ? digit : -1;
+        }
+        return parseInteger(field, lengthRadix).value_or(-1);
+    }
 };
 
 /// The format of payloads that begin with "00", and of the elements inside tag 62.
@@ -64,6 +95,46 @@ class TLVElementReader {
     TLVFormat format_;
     std::bitset<128> seenTags_;
 };
+
+// Inline, because the loops of the walk know the format and leave out what it does not need.
+[[gnu::always_inline]] inline std::optional<TLVDecodingError> TLVElementReader::next(
+    TLVElement& element) noexcept {
+    const auto tag = characters_.take(format_.fieldWidth);
+    if (!tag) {
+        element = {};
+        return TLVDecodingError::InvalidTagLength;
+    }
+    element = {*tag, {}, {}};
+    if (isRepeated(*tag)) {
+        return TLVDecodingError::RepeatedTag;
+    }
+    const auto lengthField = characters_.take(format_.fieldWidth);
+    if (!lengthField) {
+        return TLVDecodingError::InvalidTagLength;
+    }
+    element.length = *lengthField;
+    const std::int64_t length = format_.readLength(*lengthField);
+    if (length < format_.minimumLength) {
+        return TLVDecodingError::InvalidTagLength;
+    }
+    const auto valueLength = static_cast<std::size_t>(length);
+    const auto value = characters_.take(valueLength);
+    if (!value) {
+        return TLVDecodingError::InvalidTagLength;
+    }
+    element.value = {*value, valueLength};
+    return std::nullopt;
+}
+
+inline bool TLVElementReader::isRepeated(std::string_view tag) noexcept {
+    const int bit = detail::seenTagBit(tag);
+    if (bit < 0) {
+        return false;
+    }
+    const bool repeated = seenTags_[static_cast<std::size_t>(bit)];
+    seenTags_[static_cast<std::size_t>(bit)] = true;
+    return repeated;
+}
 
 }  // namespace korvo
 

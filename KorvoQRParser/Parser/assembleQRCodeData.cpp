@@ -1,3 +1,4 @@
+#include <KorvoQRParser/Decoding/TagRow.h>
 #include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 #include <KorvoQRParser/Model/QRCodeDataAccess.h>
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>
@@ -127,15 +128,17 @@ void copySources(const TLV& holder, QRCodeData& data, std::index_sequence<rows..
     (copySource<rows>(holder, isPlaceholder, data), ...);
 }
 
-// The length that a placeholder identifier announces, in decimal: its second character as a digit of base 27.
-// Absent when it announces none.
-std::optional<std::string> announcedLength(const TLV::Value& identifier) {
+// Sets the length that a placeholder identifier announces, in decimal: its second character as a digit of
+// base
+// 27. It stays absent when none is announced.
+void setAnnouncedLength(const TLV::Value& identifier, std::optional<std::string>& announced) {
     if (!identifier || !beginsWith(*identifier, '?')) {
-        return std::nullopt;
+        return;
     }
     const auto digit = substringFromOffset(1, *identifier);
-    const auto length = digit ? parseInteger(*digit, 27) : std::nullopt;
-    return length ? std::optional(std::to_string(*length)) : std::nullopt;
+    if (const auto length = digit ? parseInteger(*digit, 27) : std::nullopt) {
+        announced.emplace(twoDigitText(static_cast<unsigned>(*length)).substr(*length < 10 ? 1 : 0));
+    }
 }
 
 }  // namespace
@@ -150,7 +153,9 @@ std::string merchantPANFromMerchantID(const CountedText& merchantID) {
         return {};
     }
     const std::string_view prefix = substringWithOffsets(0, prefixLength, merchantID);
-    std::string pan(prefix);
+    std::string pan;
+    pan.reserve(merchantID.text().size() + fullLength - length);
+    pan.append(prefix);
     pan.append(fullLength - length, '0');
     pan.append(merchantID.text().substr(prefix.size()));
     return pan;
@@ -163,8 +168,8 @@ std::shared_ptr<QRCodeData> assembleQRCodeData(const KorvoPayMerchantTLV& holder
         data->setKorvoMerchantPAN(merchantPANFromMerchantID(*holder.korvoMerchantID));
     }
     if (!holder.payloadFormatIndicator) {
-        data->setPrimaryIDLength(announcedLength(holder.primaryID));
-        data->setSecondaryIDLength(announcedLength(holder.secondaryID));
+        setAnnouncedLength(holder.primaryID, QRCodeDataAccess::text(*data, Property::primaryIDLength));
+        setAnnouncedLength(holder.secondaryID, QRCodeDataAccess::text(*data, Property::secondaryIDLength));
     }
     return data;
 }

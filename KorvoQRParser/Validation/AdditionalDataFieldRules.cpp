@@ -1,7 +1,7 @@
 #include <KorvoQRParser/Decoding/Text/CharacterSet.h>
-#include <KorvoQRParser/Decoding/Text/Lifetimes.h>
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
+#include <KorvoQRParser/Validation/Lifetimes.h>
 #include <KorvoQRParser/Validation/SharedRules.h>
 
 #include <array>

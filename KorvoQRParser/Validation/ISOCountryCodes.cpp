@@ -1,10 +1,7 @@
 #include <KorvoQRParser/Validation/ISOCountryCodes.h>
 
-#include <bitset>
 #include <cstddef>
 #include <optional>
-
-#include <unicode/uloc.h>
 
 namespace korvo::ISOCountryCodes {
 
@@ -26,25 +23,21 @@ constexpr std::array<std::uint8_t, numericCodes> makeRowsByNumber() {
 
 constexpr auto rowsByNumber = makeRowsByNumber();
 
-using CountrySet = std::bitset<std::size_t{26} * 26>;
-
-std::optional<std::size_t> countryPosition(std::string_view code) noexcept {
+constexpr std::optional<std::size_t> countryPosition(std::string_view code) noexcept {
     if (code.size() != 2 || code[0] < 'A' || code[0] > 'Z' || code[1] < 'A' || code[1] > 'Z') {
         return std::nullopt;
     }
     return static_cast<std::size_t>((code[0] - 'A') * 26 + (code[1] - 'A'));
 }
 
-// The platform's list cannot change while the process runs, so it is read once.
-CountrySet readPlatformCountries() noexcept {
-    CountrySet countries;
-    for (const char* const* code = uloc_getISOCountries(); *code != nullptr; ++code) {
-        if (const auto position = countryPosition(*code)) {
-            countries[*position] = true;
-        }
+// Whether there is a country at each position, so that a lookup is one step.
+constexpr auto countries = [] {
+    std::array<bool, std::size_t{26} * 26> table{};
+    for (const std::string_view code : availableISOCountries) {
+        table[countryPosition(code).value()] = true;
     }
-    return countries;
-}
+    return table;
+}();
 
 }  // namespace
 
@@ -56,8 +49,7 @@ const Currency* findCurrency(std::int64_t number) noexcept {
     return row == noRow ? nullptr : &availableISOCurrencies[row];
 }
 
-bool isISOCountry(std::string_view code) {
-    static const CountrySet countries = readPlatformCountries();
+bool isISOCountry(std::string_view code) noexcept {
     const auto position = countryPosition(code);
     return position && countries[*position];
 }

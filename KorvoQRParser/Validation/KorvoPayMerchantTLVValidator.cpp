@@ -1,7 +1,8 @@
-#include <KorvoQRParser/Decoding/Text/Lifetimes.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
+#include <KorvoQRParser/Validation/Lifetimes.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace korvo {
 
@@ -17,18 +18,26 @@ auto KorvoPayMerchantTLVValidator::validatePayMerchantTLV(const KorvoPayMerchant
 
 auto KorvoPayMerchantTLVValidator::validatePayMerchantTLV(const KorvoPayMerchantTLV* holder,
                                                           Payload tlvString) -> ErrorCodes {
-    const std::lock_guard<std::mutex> lock(dispatch_);
-    runRuleSet(holder, tlvString);
-    return errorCodes_;
-}
-
-void KorvoPayMerchantTLVValidator::runRuleSet(const KorvoPayMerchantTLV* holder, Payload tlvString) {
-    if (holder == nullptr || !holder->payloadFormatIndicator) {
-        validatePayMerchantTLV00(holder);
-    } else if (!holder->payloadFormatIndicator->empty()) {
-        validatePayMerchantTLV01(holder);
-        validateCRC(holder->crc, tlvString);
+    const bool isTwoDigit = holder != nullptr && holder->payloadFormatIndicator;
+    if (isTwoDigit && holder->payloadFormatIndicator->empty()) {
+        const std::lock_guard<std::mutex> lock(dispatch_);
+        return errorCodes_;
     }
+    // The rules collect into a list of their own, so that parses on several threads do not wait for each
+    // other.
+    KorvoPayMerchantTLVValidator run;
+    if (isTwoDigit) {
+        run.validatePayMerchantTLV01(holder);
+        run.validateCRC(holder->crc, tlvString);
+    } else {
+        run.validatePayMerchantTLV00(holder);
+    }
+    if (!run.errorCodes_.empty() || holdsCodes_.load(std::memory_order_relaxed)) {
+        const std::lock_guard<std::mutex> lock(dispatch_);
+        errorCodes_ = run.errorCodes_;
+        holdsCodes_.store(!errorCodes_.empty(), std::memory_order_relaxed);
+    }
+    return std::move(run.errorCodes_);
 }
 
 auto KorvoPayMerchantTLVValidator::validatePayMerchantTLV00(const KorvoPayMerchantTLV* holder)
@@ -70,8 +79,16 @@ auto KorvoPayMerchantTLVValidator::validatePayMerchantTLV01(const KorvoPayMercha
 
 void KorvoPayMerchantTLVValidator::addErrorCode(std::string_view code) {
     if (!holdsErrorCode(code)) {
+        errorCodes_.reserve(
+            16);  // more than any payload that was met raises, so the list is moved once at most
         errorCodes_.emplace_back(code);
+        holdsCodes_.store(true, std::memory_order_relaxed);
     }
+}
+
+void KorvoPayMerchantTLVValidator::resetErrorCodes() noexcept {
+    errorCodes_.clear();
+    holdsCodes_.store(false, std::memory_order_relaxed);
 }
 
 bool KorvoPayMerchantTLVValidator::holdsErrorCode(std::string_view code) const {

@@ -2,8 +2,10 @@
 #define KORVOQRPARSER_VALIDATION_KORVOPAYMERCHANTTLVVALIDATOR_H
 
 #include <KorvoQRParser/Decoding/KorvoPayMerchantTLV.h>
+#include <KorvoQRParser/Validation/Pattern.h>
 
 #include <array>
+#include <atomic>
 #include <cstddef>
 #include <mutex>
 #include <optional>
@@ -16,9 +18,9 @@ namespace korvo {
 /// Checks a decoded payload against the scheme's rules and collects the codes of the rules that it violates,
 /// each once, in the order in which they were first raised. No rule stops the run.
 ///
-/// The two dispatchers (validatePayMerchantTLV) may be called on one instance from any number of threads:
-/// each of them runs its rules and copies the codes under one lock. All other operations are for one thread
-/// at a time.
+/// The two dispatchers (validatePayMerchantTLV) may be called on one instance from any number of threads.
+/// They take a lock only when their run or the one before it has raised a code. All other operations are for
+/// one thread at a time.
 class KorvoPayMerchantTLVValidator {
   public:
     using Value = KorvoPayMerchantTLV::Value;
@@ -60,10 +62,10 @@ class KorvoPayMerchantTLVValidator {
     /// as for an absent amount.
     bool validateAmount(const Value& amount);
 
-    void resetErrorCodes() noexcept { errorCodes_.clear(); }
+    void resetErrorCodes() noexcept;
 
   private:
-    friend class TipAndFeeIndicatorTypes;  // the tests read the published names
+    friend struct TipAndFeeIndicatorTypes;  // the tests read the published names
 
     /// The meanings of the tip or fee indicators "01", "02" and "03", their published names in the order of
     /// the enumerators, and the enumerator of a name (absent for any other text). No rule uses them: the
@@ -82,10 +84,10 @@ class KorvoPayMerchantTLVValidator {
 
     /// The limits of an amount, and the codes that are raised when it breaks them.
     struct AmountRule {
-        std::size_t longest;                 ///< in characters
-        bool (*isCorrect)(double) noexcept;  ///< whether the number itself is allowed
-        std::string_view invalidLength;      ///< also for a letter
-        std::string_view incorrectValue;     ///< also for a text that is not a number
+        std::size_t longest;                           ///< in characters
+        bool (*isCorrect)(std::string_view) noexcept;  ///< whether the number itself is allowed
+        std::string_view invalidLength;                ///< also for a letter
+        std::string_view incorrectValue;               ///< also for a text that is not a number
         std::string_view specialCharacters;  ///< for characters other than letters, digits and points
         std::string_view withoutValue;       ///< for an empty text
     };
@@ -93,13 +95,12 @@ class KorvoPayMerchantTLVValidator {
     /// The limits of an identifier that may be a placeholder, and the codes that are raised when it breaks
     /// them.
     struct IdentifierRule {
-        std::string_view pattern;  ///< for the text after the "?" of a placeholder
+        const Pattern& pattern;  ///< for the text after the "?" of a placeholder
         std::string_view invalidLength;
         std::string_view withoutValue;
         std::string_view invalidFormat;
     };
 
-    void runRuleSet(const KorvoPayMerchantTLV* holder, Payload tlvString);
     void addErrorCode(std::string_view code);
     bool holdsErrorCode(std::string_view code) const;
 
@@ -133,6 +134,7 @@ class KorvoPayMerchantTLVValidator {
     void validateAdditionalConsumerDataReq(const Value& request);
 
     ErrorCodes errorCodes_;
+    std::atomic<bool> holdsCodes_ = false;  // whether errorCodes_ holds any, to be asked without the lock
     bool isDiggingDeepTLVRequired_ = false;
     std::mutex dispatch_;
 };

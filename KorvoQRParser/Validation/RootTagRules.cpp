@@ -1,6 +1,8 @@
 #include <KorvoQRParser/Decoding/CRC.h>
+#include <KorvoQRParser/Decoding/Text/ASCII.h>
 #include <KorvoQRParser/Decoding/Text/CharacterSet.h>
 #include <KorvoQRParser/Decoding/Text/TextHelpers.h>
+#include <KorvoQRParser/Validation/DecimalText.h>
 #include <KorvoQRParser/Validation/ISOCountryCodes.h>
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
@@ -8,6 +10,7 @@
 #include <KorvoQRParser/Validation/SharedRules.h>
 #include <KorvoQRParser/Validation/StringConstants.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -18,9 +21,16 @@ namespace {
 
 namespace Codes = KorvoErrorConstants;
 
+constexpr Pattern primaryIDPattern(StringConstants::PRIMARY_ID_REGEX);
+constexpr Pattern secondaryIDPattern(StringConstants::SECONDARY_ID_REGEX);
+static_assert(primaryIDPattern.fault() == nullptr && secondaryIDPattern.fault() == nullptr);
+
 bool isDigits(const CountedText& text, std::size_t count) {
     return text.characterCount() == count && consistsOfCharactersOf(text.text(), decimalDigits());
 }
+
+// The sum of the digits of twice a digit.
+constexpr std::array<unsigned, 10> doubledDigits{0, 2, 4, 6, 8, 1, 3, 5, 7, 9};
 
 // The Luhn test of the account number that belongs to an identifier: one of 7 to 15 characters is widened to
 // 16 with zeros after its sixth. Zeros add nothing to the sum and only move the first six characters, so the
@@ -30,15 +40,17 @@ bool passesLuhnTest(const CountedText& merchantID) {
     const std::size_t length = merchantID.characterCount();
     const bool isWidened = length > prefixLength && length < fullLength;
     unsigned sum = 0;
-    std::size_t i = 0;
+    bool isDoubled = (isWidened ? fullLength : length) % 2 == 0;
+    std::size_t left = isWidened ? prefixLength : length;  // before the zeros
     forEachCharacter(merchantID, [&](std::string_view character) {
-        const std::size_t positionFromEnd = isWidened && i < prefixLength ? fullLength - i : length - i;
-        ++i;
-        if (character.size() == 1 && character[0] >= '0' && character[0] <= '9') {
-            const auto digit = static_cast<unsigned>(character[0] - '0');
-            const unsigned doubled = digit < 5 ? 2 * digit : 2 * digit - 9;
-            sum += positionFromEnd % 2 == 0 ? doubled : digit;
+        if (left-- == 0) {
+            isDoubled = (length - prefixLength) % 2 == 0;
         }
+        const int digit = character.size() == 1 ? digitValue(character[0]) : 10;
+        if (digit < 10) {
+            sum += isDoubled ? doubledDigits[static_cast<std::size_t>(digit)] : static_cast<unsigned>(digit);
+        }
+        isDoubled = !isDoubled;
     });
     return sum % 10 == 0;
 }
@@ -157,7 +169,7 @@ void KorvoPayMerchantTLVValidator::validatePostalCode(const Value& postalCode) {
 }
 
 void KorvoPayMerchantTLVValidator::validatePrimaryID(const Value& primaryID) {
-    validateIdentifier(primaryID, {.pattern = StringConstants::PRIMARY_ID_REGEX,
+    validateIdentifier(primaryID, {.pattern = primaryIDPattern,
                                    .invalidLength = Codes::primaryIdInvalidLengthOrCharacters,
                                    .withoutValue = Codes::primaryIdTagPresentWithoutValue,
                                    .invalidFormat = Codes::primaryIdInvalidFormat});
@@ -165,7 +177,7 @@ void KorvoPayMerchantTLVValidator::validatePrimaryID(const Value& primaryID) {
 
 // The secondary identifier has no format code of its own: a bad format is reported as a bad length.
 void KorvoPayMerchantTLVValidator::validateSecondaryID(const Value& secondaryID) {
-    validateIdentifier(secondaryID, {.pattern = StringConstants::SECONDARY_ID_REGEX,
+    validateIdentifier(secondaryID, {.pattern = secondaryIDPattern,
                                      .invalidLength = Codes::secondaryIdInvalidLengthOrCharacters,
                                      .withoutValue = Codes::secondaryIdTagPresentWithoutValue,
                                      .invalidFormat = Codes::secondaryIdInvalidLengthOrCharacters});

@@ -1,8 +1,8 @@
 #include <KorvoQRParser/Decoding/Text/CharacterSet.h>
-#include <KorvoQRParser/Decoding/Text/Lifetimes.h>
 #include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 #include <KorvoQRParser/Validation/KorvoBaseConstants.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
+#include <KorvoQRParser/Validation/Lifetimes.h>
 #include <KorvoQRParser/Validation/SharedRules.h>
 
 namespace korvo {
@@ -36,7 +36,7 @@ void KorvoPayMerchantTLVValidator::validateAmountText(const CountedText& amount,
     if (!consistsOfCharactersOf(amount.text(), amountCharacters())) {
         const bool holdsLetter = containsCharacterOf(amount.text(), letters());
         addErrorCode(holdsLetter ? rule.invalidLength : rule.specialCharacters);
-    } else if (const auto number = parseDecimal(amount.text()); !number || !rule.isCorrect(*number)) {
+    } else if (!rule.isCorrect(amount.text())) {
         addErrorCode(rule.incorrectValue);
     }
     if (amount.empty()) {

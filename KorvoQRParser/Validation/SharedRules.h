@@ -16,10 +16,6 @@ inline bool isLengthOutside(const CountedText& text, std::size_t shortest, std::
     return text.characterCount() < shortest || text.characterCount() > longest;
 }
 
-inline bool isAboveZero(double number) noexcept {
-    return number > 0;
-}
-
 }  // namespace korvo
 
 #endif

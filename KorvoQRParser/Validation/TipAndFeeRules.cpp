@@ -1,4 +1,5 @@
 #include <KorvoQRParser/Decoding/TipAndFeeIndicator.h>
+#include <KorvoQRParser/Validation/DecimalText.h>
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>
 #include <KorvoQRParser/Validation/SharedRules.h>
@@ -81,7 +82,7 @@ void KorvoPayMerchantTLVValidator::validateConvenienceFeeAmount(const CountedTex
 void KorvoPayMerchantTLVValidator::validateConvenienceFeePercentage(const CountedText& percentage) {
     validateAmountText(percentage,
                        {.longest = 5,
-                        .isCorrect = [](double number) noexcept { return number >= 0.01 && number <= 99.99; },
+                        .isCorrect = isPercentage,
                         .invalidLength = Codes::convenienceFeePercentageInvalidLength,
                         .incorrectValue = Codes::convenienceFeePercentageIncorrectValue,
                         .specialCharacters = Codes::convenienceFeePercentageContaintsSpecialCharacters,

@@ -59,7 +59,9 @@ Finding repeatedTag(const Elements& elements, const TLVFault& fault) {
     const std::string_view tag = fault.element.tag;
     const auto first = std::find_if(elements.begin(), elements.end(), [&](const ExplainedElement& element) {
         return element.isInsideAdditionalData == fault.isInsideAdditionalData &&
-               korvo::lowerCased(element.tag) == korvo::lowerCased(tag);
+               std::equal(tag.begin(), tag.end(), element.tag.begin(), element.tag.end(), [](char a, char b) {
+                   return korvo::asciiLowerCase(a) == korvo::asciiLowerCase(b);
+               });
     });
     std::string reason = "tag " + inQuotes(tag) + " is repeated";
     if (first != elements.end()) {

@@ -8,9 +8,9 @@
 #include <KorvoQRParser/Decoding/CRC.h>                   // the checksum that a payload should have
 #include <KorvoQRParser/Decoding/KorvoPayMerchantTLV.h>   // to check a payload without some elements
 #include <KorvoQRParser/Decoding/TLVPayloadWalk.h>        // elements, tags with their meanings, and faults
+#include <KorvoQRParser/Decoding/Text/ASCII.h>            // lower case, to compare tags as the decoder does
 #include <KorvoQRParser/Decoding/Text/CharacterReader.h>  // offsets, line breaks, and escapes
 #include <KorvoQRParser/Decoding/Text/CountedText.h>      // values with their number of characters
-#include <KorvoQRParser/Decoding/Text/TextHelpers.h>      // lower case, to compare tags as the decoder does
 #include <KorvoQRParser/Model/JSONString.h>               // strings in JSON
 #include <KorvoQRParser/Model/QRCodeDataAccess.h>         // the members of a JSON line
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>  // the rules for that check

@@ -1,47 +1,23 @@
 #ifndef KORVOQRPARSER_DECODING_TEXT_CHARACTERREADER_H
 #define KORVOQRPARSER_DECODING_TEXT_CHARACTERREADER_H
 
+#include <KorvoQRParser/Decoding/Text/UTF8.h>
+
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <string_view>
 
 namespace korvo {
 
-/// The part of nextCodePoint for a byte outside ASCII.
-std::int32_t nextCodePointBeyondASCII(std::string_view text, std::size_t& offset) noexcept;
-
-/// Reads the code point at a byte offset and moves the offset past it. Negative when the bytes there are not
-/// well-formed UTF-8; the offset moves past them too. The offset must be less than the text's size; this is
-/// not checked.
-inline std::int32_t nextCodePoint(std::string_view text, std::size_t& offset) noexcept {
-    const auto byte = static_cast<unsigned char>(text[offset]);
-    if (byte < 0x80) {
-        ++offset;
-        return byte;
-    }
-    return nextCodePointBeyondASCII(text, offset);
-}
-
-/// Whether all bytes of a text are well-formed UTF-8.
-inline bool isUTF8(std::string_view text) noexcept {
-    for (std::size_t offset = 0; offset < text.size();) {
-        if (nextCodePoint(text, offset) < 0) {
-            return false;
-        }
-    }
-    return true;
-}
-
-/// Splits a UTF-8 text into user-perceived characters (extended grapheme clusters, UAX #29), from left to
-/// right. It looks ahead by a bounded window, or to the end of the code points that may join the last
-/// character taken.
+/// Splits a UTF-8 text into user-perceived characters, from left to right: extended grapheme clusters (UAX
+/// #29) of Unicode 15.0, with Indic conjuncts in one piece. It looks ahead by a bounded window, or by one
+/// code point after the last character taken.
 ///
-/// Taking characters costs time linear in the length of the text taken, and the reader itself allocates
-/// nothing. One reader belongs to one thread, and the text must outlive it.
+/// Taking characters costs time linear in the length of the text taken, and allocates nothing. One reader
+/// belongs to one thread, and the text must outlive it.
 class CharacterReader {
   public:
-    explicit CharacterReader(std::string_view text) noexcept : text_(text) { findPlainRun(0); }
+    explicit CharacterReader(std::string_view text) noexcept;
 
     /// A reader for a text whose bytes are known to be one character each, which saves the scan for them.
     static CharacterReader ofPlainText(std::string_view text) noexcept {
@@ -61,7 +37,7 @@ class CharacterReader {
     std::string_view rest() const noexcept { return text_.substr(offset_); }
 
     /// Takes the next `count` characters. Absent, with nothing taken, when fewer remain or when bytes before
-    /// their end are not valid UTF-8.
+    /// their end, or right after it, are not valid UTF-8.
     [[nodiscard]] std::optional<std::string_view> take(std::size_t count) noexcept {
         const std::size_t start = offset_;
         if (count <= plainEnd_ - start) {
@@ -75,14 +51,11 @@ class CharacterReader {
   private:
     CharacterReader() = default;
     bool skip(std::size_t count) noexcept;
-    void findPlainRun(std::size_t from) noexcept;
 
     std::string_view text_;
     std::size_t offset_ = 0;
     // Every byte from the offset to here is one character.
     std::size_t plainEnd_ = 0;
-    // The end of the stretch that the Unicode library is cutting, kept so that it is searched for only once.
-    std::size_t stretchEnd_ = 0;
 };
 
 /// The number of characters in the text, up to the first byte that is not valid UTF-8.

@@ -1,16 +1,29 @@
+#include <KorvoQRParser/Decoding/Text/CharacterProperties.h>
 #include <KorvoQRParser/Decoding/Text/CharacterSet.h>
-#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
+#include <KorvoQRParser/Decoding/Text/UTF8.h>
 
 #include <algorithm>
 #include <cstddef>
 
-#include <unicode/uchar.h>
-
 namespace korvo {
 
-CharacterSet::CharacterSet(std::uint32_t categories) : categories_(categories) {
-    for (std::size_t c = 0; c < ascii_.size() && categories != 0; ++c) {
-        ascii_[c] = (U_GET_GC_MASK(static_cast<UChar32>(c)) & categories) != 0;
+namespace {
+
+using Group = CharacterGroup;
+
+constexpr std::uint32_t bitOf(Group group) noexcept {
+    return 1U << static_cast<unsigned>(group);
+}
+
+constexpr std::uint32_t letters = bitOf(Group::letter);
+constexpr std::uint32_t alphanumerics =
+    letters | bitOf(Group::mark) | bitOf(Group::decimalDigit) | bitOf(Group::otherNumber);
+
+}  // namespace
+
+CharacterSet::CharacterSet(std::uint32_t groups) : groups_(groups) {
+    for (std::int32_t c = 0; c < 0x80 && groups != 0; ++c) {
+        ascii_[static_cast<std::size_t>(c)] = (bitOf(propertiesOf(c).group) & groups) != 0;
     }
 }
 
@@ -27,19 +40,19 @@ CharacterSet CharacterSet::numericCharacterSet() {
 }
 
 CharacterSet CharacterSet::decimalDigitCharacterSet() {
-    return CharacterSet(U_GC_ND_MASK);
+    return CharacterSet(bitOf(Group::decimalDigit));
 }
 
 CharacterSet CharacterSet::letterCharacterSet() {
-    return CharacterSet(U_GC_L_MASK);
+    return CharacterSet(letters);
 }
 
 CharacterSet CharacterSet::alphanumericCharacterSet() {
-    return CharacterSet(U_GC_L_MASK | U_GC_M_MASK | U_GC_N_MASK);
+    return CharacterSet(alphanumerics);
 }
 
 CharacterSet CharacterSet::whitespaceCharacterSet() {
-    CharacterSet set(U_GC_ZS_MASK);
+    CharacterSet set(bitOf(Group::spaceSeparator));
     set.insert('\t');
     return set;
 }
@@ -63,13 +76,13 @@ CharacterSet CharacterSet::alphaNumericWhiteSpaceCharacterSet() {
 CharacterSet& CharacterSet::formUnionWith(const CharacterSet& other) {
     std::transform(ascii_.begin(), ascii_.end(), other.ascii_.begin(), ascii_.begin(),
                    [](bool mine, bool theirs) { return mine || theirs; });
-    categories_ |= other.categories_;
+    groups_ |= other.groups_;
     others_.insert(others_.end(), other.others_.begin(), other.others_.end());
     return *this;
 }
 
 bool CharacterSet::containsBeyondASCII(std::int32_t codePoint) const {
-    return codePoint >= 0 && ((U_GET_GC_MASK(codePoint) & categories_) != 0 ||
+    return codePoint >= 0 && ((bitOf(propertiesOf(codePoint).group) & groups_) != 0 ||
                               std::find(others_.begin(), others_.end(), codePoint) != others_.end());
 }
 

@@ -40,13 +40,13 @@ class CharacterSet {
     }
 
   private:
-    explicit CharacterSet(std::uint32_t categories);
+    explicit CharacterSet(std::uint32_t groups);
     void insert(std::int32_t codePoint);
     bool containsBeyondASCII(std::int32_t codePoint) const;
 
-    // ASCII members have a table of their own, so that an ordinary text needs no lookup in the Unicode data.
+    // ASCII members have a table of their own, so that an ordinary text needs no other lookup.
     std::array<bool, 128> ascii_{};
-    std::uint32_t categories_ = 0;
+    std::uint32_t groups_ = 0;
     std::vector<std::int32_t> others_;
 };
 

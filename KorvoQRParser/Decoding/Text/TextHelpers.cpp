@@ -1,72 +1,27 @@
 #include <KorvoQRParser/Decoding/Text/ASCII.h>
-#include <KorvoQRParser/Decoding/Text/ICUHandles.h>
-#include <KorvoQRParser/Decoding/Text/Lifetimes.h>
 #include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstdio>
 #include <cstdlib>
-#include <limits>
-#include <memory>
 
 namespace korvo {
 
 namespace {
 
-// The compiled pattern of this thread's last call, because callers use the same pattern again and again.
-struct CompiledPattern {
-    void compile(std::string_view wanted) {
-        if (expression != nullptr && pattern == wanted) {
-            return;
+// parseInteger for digits whose number cannot overflow.
+std::optional<std::int64_t> parseShort(std::string_view digits, int radix, bool isNegative) noexcept {
+    std::int64_t number = 0;
+    for (const char c : digits) {
+        const int digit = digitValue(c);
+        if (digit >= radix) {
+            return std::nullopt;
         }
-        pattern = wanted;
-        status = U_ZERO_ERROR;
-        UText storage = UTEXT_INITIALIZER;
-        const ICUHandle<UText> text = openUTF8(storage, pattern, status);
-        expression.reset(uregex_openUText(text.get(), 0, nullptr, &status));
+        number = number * radix + digit;
     }
-
-    std::string pattern;
-    ICUHandle<URegularExpression> expression;
-    UErrorCode status = U_ZERO_ERROR;
-};
-
-// The reason why a pattern does not compile, in plain words.
-const char* reasonOf(UErrorCode status) {
-    switch (status) {
-        case U_REGEX_MISSING_CLOSE_BRACKET:
-            return "a set of characters has no closing bracket";
-        case U_REGEX_MISMATCHED_PAREN:
-            return "its parentheses do not match";
-        case U_REGEX_BAD_ESCAPE_SEQUENCE:
-            return "a backslash is followed by a character that has no meaning there";
-        case U_REGEX_BAD_INTERVAL:
-        case U_REGEX_MAX_LT_MIN:
-        case U_REGEX_NUMBER_TOO_BIG:
-            return "the numbers in braces are not a valid range";
-        case U_REGEX_INVALID_RANGE:
-            return "a range of characters ends before it begins";
-        default:
-            return "its syntax is wrong";
-    }
+    return isNegative ? -number : number;
 }
-
-// The value of each byte as a digit of radix 36; 36 for a byte that is not a digit.
-constexpr std::array<std::uint8_t, 256> digitValues = [] {
-    std::array<std::uint8_t, 256> values{};
-    values.fill(36);
-    for (std::uint8_t i = 0; i < 36; ++i) {
-        if (i < 10) {
-            values[static_cast<std::size_t>('0' + i)] = i;
-        } else {
-            values[static_cast<std::size_t>('a' + i - 10)] = i;
-            values[static_cast<std::size_t>('A' + i - 10)] = i;
-        }
-    }
-    return values;
-}();
 
 }  // namespace
 
@@ -102,6 +57,9 @@ std::optional<std::string_view> substringFromOffset(std::ptrdiff_t offset, const
 
 std::string_view substringWithOffsets(std::size_t startOffset, std::size_t endOffset,
                                       const CountedText& text) {
+    if (startOffset <= endOffset && endOffset <= text.text().size() && text.isPlain()) {
+        return text.text().substr(startOffset, endOffset - startOffset);
+    }
     CharacterReader reader = text.characters();
     if (startOffset <= endOffset && reader.take(startOffset)) {
         if (const auto characters = reader.take(endOffset - startOffset)) {
@@ -109,40 +67,6 @@ std::string_view substringWithOffsets(std::size_t startOffset, std::size_t endOf
         }
     }
     stopProgram("substringWithOffsets", "the offsets lie outside the text");
-}
-
-bool matchesRegex(std::string_view text, std::string_view pattern) {
-    return withThreadCache<CompiledPattern>([text, pattern](CompiledPattern& last) {
-        last.compile(pattern);
-        UErrorCode status = last.status;
-        if (U_FAILURE(status)) {
-            std::printf("\"The pattern is not a regular expression: %s.\"\n", reasonOf(status));
-            return false;
-        }
-        UText storage = UTEXT_INITIALIZER;
-        const ICUHandle<UText> subject = openUTF8(storage, text, status);
-        uregex_setUText(last.expression.get(), subject.get(), &status);
-        const bool found = uregex_find64(last.expression.get(), 0, &status) != 0;
-        return U_SUCCESS(status) != 0 && found;
-    });
-}
-
-std::string lowerCased(std::string_view text) {
-    const bool isASCII =
-        std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-    std::string lowered(text);
-    if (isASCII) {
-        std::transform(lowered.begin(), lowered.end(), lowered.begin(), asciiLowerCase);
-        return lowered;
-    }
-    // A code point's lower case takes at most three times its bytes.
-    lowered.resize(3 * text.size());
-    UErrorCode status = U_ZERO_ERROR;
-    const ICUHandle<UCaseMap> rootLocale(ucasemap_open("", 0, &status));
-    const std::int32_t length =
-        ucasemap_utf8ToLower(rootLocale.get(), lowered.data(), static_cast<std::int32_t>(lowered.size()),
-                             text.data(), static_cast<std::int32_t>(text.size()), &status);
-    return U_SUCCESS(status) ? lowered.substr(0, static_cast<std::size_t>(length)) : std::string(text);
 }
 
 std::optional<std::int64_t> parseInteger(std::string_view text, int radix) noexcept {
@@ -153,30 +77,20 @@ std::optional<std::int64_t> parseInteger(std::string_view text, int radix) noexc
     if (text.empty()) {
         return std::nullopt;
     }
+    // So many digits of a radix up to 10 fit in any case.
+    constexpr std::size_t safeDigits = 18;
+    if (text.size() <= safeDigits && radix <= 10) {
+        return parseShort(text, radix, isNegative);
+    }
     // Negative numbers count downwards, because they reach one further than positive ones.
     const std::int64_t sign = isNegative ? -1 : 1;
     std::int64_t number = 0;
     for (const char c : text) {
-        const int digit = digitValues[static_cast<unsigned char>(c)];
+        const int digit = digitValue(c);
         if (digit >= radix || __builtin_mul_overflow(number, std::int64_t{radix}, &number) ||
             __builtin_add_overflow(number, sign * digit, &number)) {
             return std::nullopt;
         }
-    }
-    return number;
-}
-
-std::optional<double> parseDecimal(std::string_view text) noexcept {
-    double number = 0;
-    const char* const end = text.data() + text.size();
-    const auto [parsed, error] = std::from_chars(text.data(), end, number);
-    if (error == std::errc::result_out_of_range && parsed == end) {
-        // Outside a double's range strtod returns infinity or zero.
-        const bool isHuge = text.substr(0, text.find('.')).find_first_not_of('0') != std::string_view::npos;
-        return isHuge ? std::numeric_limits<double>::infinity() : 0.0;
-    }
-    if (error != std::errc() || parsed != end) {
-        return std::nullopt;
     }
     return number;
 }

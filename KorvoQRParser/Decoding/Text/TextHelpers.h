@@ -29,21 +29,10 @@ std::string_view droppingLastCharacters(std::string_view text, std::size_t count
 [[nodiscard]] std::string_view substringWithOffsets(std::size_t startOffset, std::size_t endOffset,
                                                     const CountedText& text);
 
-/// Whether the ICU regular expression matches anywhere in the text. A pattern that does not compile matches
-/// nothing, and one line on standard output gives the reason, in quotes.
-[[nodiscard]] bool matchesRegex(std::string_view text, std::string_view pattern);
-
-/// The text in lower case, by the full Unicode mappings of the root locale.
-[[gnu::cold]] std::string lowerCased(std::string_view text);
-
 /// The integer in a text that consists of one optional sign and at least one ASCII digit of the radix (2 to
 /// 36, letters in either case). Absent for any other text, and for a number that does not fit into 64 bits
 /// with a sign.
 [[nodiscard]] std::optional<std::int64_t> parseInteger(std::string_view text, int radix) noexcept;
-
-/// The number in a text of ASCII digits and points, as strtod reads it in the C locale. Absent unless the
-/// whole text is a number.
-[[nodiscard]] std::optional<double> parseDecimal(std::string_view text) noexcept;
 
 /// Prints "KorvoQRParser: <operation>: <reason>" to standard error and aborts, in every build. A caller's
 /// mistake that has no right answer must not get a wrong one.

@@ -1,5 +1,5 @@
-#ifndef KORVOQRPARSER_DECODING_TEXT_LIFETIMES_H
-#define KORVOQRPARSER_DECODING_TEXT_LIFETIMES_H
+#ifndef KORVOQRPARSER_VALIDATION_LIFETIMES_H
+#define KORVOQRPARSER_VALIDATION_LIFETIMES_H
 
 #include <array>
 #include <cstddef>
@@ -25,24 +25,6 @@ class NeverDestroyed {
     alignas(Object) std::array<std::byte, sizeof(Object)> storage_{};
     Object* object_;
 };
-
-/// Calls `use` with the calling thread's own `Cache` and returns the result. The cache is made when the
-/// thread first asks for it and lives until the thread ends. A call after that, from the destructor of
-/// another object, gets a cache that lives only as long as the call.
-template <class Cache, class Use>
-auto withThreadCache(Use use) {
-    thread_local bool isGone = false;
-    struct Owner {
-        ~Owner() { isGone = true; }
-        Cache cache;
-    };
-    if (isGone) {
-        Cache cache;
-        return use(cache);
-    }
-    thread_local Owner owner;
-    return use(owner.cache);
-}
 
 }  // namespace korvo
 
