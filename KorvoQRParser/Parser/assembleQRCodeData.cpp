@@ -152,6 +152,9 @@ std::string merchantPANFromMerchantID(const CountedText& merchantID) {
     if (length <= prefixLength) {
         return {};
     }
+    if (length == fullLength) {
+        return std::string(merchantID.text());
+    }
     const std::string_view prefix = substringWithOffsets(0, prefixLength, merchantID);
     std::string pan;
     pan.reserve(merchantID.text().size() + fullLength - length);
@@ -165,7 +168,8 @@ std::shared_ptr<QRCodeData> assembleQRCodeData(const KorvoPayMerchantTLV& holder
     auto data = std::make_shared<QRCodeData>();
     copySources(holder, *data, std::make_index_sequence<sources.size()>());
     if (holder.korvoMerchantID) {
-        data->setKorvoMerchantPAN(merchantPANFromMerchantID(*holder.korvoMerchantID));
+        QRCodeDataAccess::text(*data, Property::korvoMerchantPAN)
+            .emplace(merchantPANFromMerchantID(*holder.korvoMerchantID));
     }
     if (!holder.payloadFormatIndicator) {
         setAnnouncedLength(holder.primaryID, QRCodeDataAccess::text(*data, Property::primaryIDLength));

@@ -4,33 +4,6 @@
 
 namespace korvo {
 
-namespace {
-
-bool isLineEnd(std::int32_t c) noexcept {
-    return (c >= '\n' && c <= '\r') || c == 0x85 || c == 0x2028 || c == 0x2029;
-}
-
-}  // namespace
-
-bool Pattern::matches(const Item& item, std::int32_t codePoint) const noexcept {
-    if (item.kind == Kind::any) {
-        return !isLineEnd(codePoint);
-    }
-    const std::string_view members = text_.substr(item.first, item.last - item.first);
-    for (std::size_t offset = 0; offset < members.size();) {
-        const std::int32_t lowest = nextCharacter(members, offset);
-        std::int32_t highest = lowest;
-        if (item.kind != Kind::character && isRange(members, offset)) {
-            ++offset;
-            highest = nextCharacter(members, offset);
-        }
-        if (codePoint >= lowest && codePoint <= highest) {
-            return item.kind != Kind::noneOf;
-        }
-    }
-    return item.kind == Kind::noneOf;
-}
-
 // An end is also before a line end that ends the text, but not inside CR LF.
 bool Pattern::holds(const Item& anchor, std::string_view text, std::size_t offset) const noexcept {
     if (anchor.kind == Kind::begin || offset == text.size()) {

@@ -42,6 +42,7 @@ class Pattern {
         Kind kind = Kind::character;
         bool mayBeAbsent = false;
         bool mayRepeat = false;
+        std::array<std::uint64_t, 2> ascii{};  // a bit for each ASCII character that it matches
     };
 
     static constexpr bool isPunctuation(char c) noexcept {
@@ -121,6 +122,9 @@ class Pattern {
                 item.last = static_cast<std::uint32_t>(offset_);
         }
         compileQuantifier(item);
+        for (std::int32_t c = 0; c < 128 && fault_ == nullptr; ++c) {
+            item.ascii[static_cast<std::size_t>(c) / 64] |= std::uint64_t{compares(item, c)} << (c % 64);
+        }
         items_[count_++] = item;
     }
 
@@ -177,7 +181,35 @@ class Pattern {
         return offset + 1 < text.size() && text[offset] == '-' && text[offset + 1] != ']';
     }
 
-    bool matches(const Item& item, std::int32_t codePoint) const noexcept;
+    static constexpr bool isLineEnd(std::int32_t c) noexcept {
+        return (c >= '\n' && c <= '\r') || c == 0x85 || c == 0x2028 || c == 0x2029;
+    }
+
+    // Whether the item, which is no anchor, matches the code point.
+    constexpr bool compares(const Item& item, std::int32_t codePoint) const noexcept {
+        if (item.kind == Kind::any) {
+            return !isLineEnd(codePoint);
+        }
+        const std::string_view members = text_.substr(item.first, item.last - item.first);
+        for (std::size_t offset = 0; offset < members.size();) {
+            const std::int32_t lowest = nextCharacter(members, offset);
+            std::int32_t highest = lowest;
+            if (item.kind != Kind::character && isRange(members, offset)) {
+                ++offset;
+                highest = nextCharacter(members, offset);
+            }
+            if (codePoint >= lowest && codePoint <= highest) {
+                return item.kind != Kind::noneOf;
+            }
+        }
+        return item.kind == Kind::noneOf;
+    }
+
+    bool matches(const Item& item, std::int32_t codePoint) const noexcept {
+        const auto c = static_cast<std::uint32_t>(codePoint);
+        return c < 128 ? (item.ascii[c / 64] >> c % 64 & 1U) != 0 : compares(item, codePoint);
+    }
+
     bool holds(const Item& anchor, std::string_view text, std::size_t offset) const noexcept;
 
     std::string_view text_;

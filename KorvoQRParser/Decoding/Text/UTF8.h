@@ -7,29 +7,42 @@
 
 namespace korvo {
 
-/// The part of nextCodePoint for a byte outside ASCII.
-constexpr std::int32_t nextCodePointBeyondASCII(std::string_view text, std::size_t& offset) noexcept {
-    const auto lead = static_cast<unsigned char>(text[offset++]);
-    if (lead < 0xC2 || lead > 0xF4) {
-        return -1;
+namespace detail {
+
+// Appends the six bits of the byte at the offset and moves past it, unless the byte is outside the range.
+constexpr bool appendByte(std::string_view text, std::size_t& offset, std::int32_t& codePoint,
+                          unsigned lowest = 0x80, unsigned highest = 0xBF) noexcept {
+    const unsigned byte = offset < text.size() ? static_cast<unsigned char>(text[offset]) : 0U;
+    if (byte < lowest || byte > highest) {
+        return false;
     }
-    // The narrower ranges of the second byte exclude overlong forms, surrogates, and what follows U+10FFFF.
-    unsigned lowest = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
-    unsigned highest = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
-    const int following = lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
-    std::int32_t codePoint = lead & (0x3F >> following);
-    for (int i = 0; i < following; ++i) {
-        const unsigned byte = offset < text.size() ? static_cast<unsigned char>(text[offset]) : 0U;
-        if (byte < lowest || byte > highest) {
-            return -1;
-        }
-        codePoint = codePoint << 6 | static_cast<std::int32_t>(byte & 0x3F);
-        ++offset;
-        lowest = 0x80;
-        highest = 0xBF;
-    }
-    return codePoint;
+    codePoint = codePoint << 6 | static_cast<std::int32_t>(byte & 0x3F);
+    ++offset;
+    return true;
 }
+
+// nextCodePoint for a byte outside ASCII. The narrower ranges of the second byte exclude overlong forms,
+// surrogates, and what follows U+10FFFF. Without a loop, because the lengths are hard to predict.
+constexpr std::int32_t nextBeyondASCII(std::string_view text, std::size_t& offset) noexcept {
+    const auto lead = static_cast<unsigned char>(text[offset++]);
+    std::int32_t codePoint = lead & (lead < 0xE0 ? 0x1F : 0xF);
+    if (lead < 0xE0) {
+        return lead >= 0xC2 && appendByte(text, offset, codePoint) ? codePoint : -1;
+    }
+    if (lead < 0xF0) {
+        const bool isValid =
+            appendByte(text, offset, codePoint, lead == 0xE0 ? 0xA0 : 0x80, lead == 0xED ? 0x9F : 0xBF) &&
+            appendByte(text, offset, codePoint);
+        return isValid ? codePoint : -1;
+    }
+    const bool isValid =
+        lead <= 0xF4 &&
+        appendByte(text, offset, codePoint, lead == 0xF0 ? 0x90 : 0x80, lead == 0xF4 ? 0x8F : 0xBF) &&
+        appendByte(text, offset, codePoint) && appendByte(text, offset, codePoint);
+    return isValid ? codePoint : -1;
+}
+
+}  // namespace detail
 
 /// Reads the code point at a byte offset and moves the offset past it. Negative when the bytes there are not
 /// well-formed UTF-8; the offset moves past those that no well-formed code point begins with. The offset must
@@ -40,7 +53,7 @@ constexpr std::int32_t nextCodePoint(std::string_view text, std::size_t& offset)
         ++offset;
         return byte;
     }
-    return nextCodePointBeyondASCII(text, offset);
+    return detail::nextBeyondASCII(text, offset);
 }
 
 /// Whether all bytes of a text are well-formed UTF-8.
