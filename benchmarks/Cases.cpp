@@ -4,6 +4,7 @@
 #include <KorvoQRParser/Decoding/TagRow.h>
 #include <KorvoQRParser/Decoding/Text/CharacterReader.h>
 #include <KorvoQRParser/Decoding/Text/TextHelpers.h>
+#include <KorvoQRParser/Decoding/Text/UTF8.h>
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>
 
 #include <array>

@@ -229,7 +229,11 @@ struct AlphabetChoices {
     unsigned below(unsigned n) { return static_cast<unsigned>(random()) % n; }
     bool atEnd() { return below(3) == 0; }
     std::string text(std::size_t length) {
-        return length == 0 ? "" : alphabet.at(below(10)) + text(length - 1);
+        std::string text;
+        for (; length > 0; --length) {
+            text += alphabet.at(below(10));
+        }
+        return text;
     }
     std::mt19937 random;
 };

@@ -121,7 +121,6 @@ TEST(Documents, ErrorCodesKeepInStep) {
     }
     EXPECT_EQ(unraised, "30 44 ");
     EXPECT_EQ(findErrorCatalogueEntry("22"), nullptr);
-    EXPECT_EQ(KorvoErrorConstants::merchantIdInvalidCheckDigit, "3");
 }
 
 }  // namespace

@@ -10,7 +10,7 @@
 
 /// Payloads made of elements that are right or slightly wrong: in a length, a value or the checksum.
 /// `Choices` takes the decisions: a fuzzer's bytes or a random generator. below(n) is a number less than n;
-/// text(n) is up to n characters; atEnd() ends the payload.
+/// text(n) is a text of about n characters; atEnd() ends the payload.
 namespace korvo::test {
 
 // Values that pass the rules of some tags, and placeholders.
@@ -44,12 +44,13 @@ template <class Choices>
 std::string generatedAdditionalData(Choices& choices) {
     std::string nested;
     for (unsigned count = 1 + choices.below(3); count > 0; --count) {
-        nested += generatedElement(twoDigitText(choices.below(24)), generatedValue(8, choices), choices);
+        const std::string_view tag = twoDigitText(choices.below(24));
+        nested += generatedElement(tag, generatedValue(8, choices), choices);
     }
     return nested;
 }
 
-// A mandatory tag, and the index of its right value.
+// A tag, and the index of its right value.
 using TagValue = std::pair<std::string_view, unsigned>;
 
 template <class Choices>

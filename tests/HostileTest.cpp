@@ -56,5 +56,17 @@ TEST(Hostile, HugeTextsAreAnsweredAtOnceAndInPlace) {
     }
 }
 
+TEST(Hostile, CutOrChangedPayloadsAreNeverAccepted) {
+    const std::string payload = with(twoDigit, {{"62", element("01", "***")}, {"54", "1.5"}});
+    for (std::size_t at = 0; at < payload.size() - 4; ++at) {
+        EXPECT_EQ(codesIn(QRCodeParser::parseQRData(payload.substr(0, at))), Codes{"0"}) << at;
+        for (int byte = 0; byte < 256; ++byte) {
+            std::string changed = payload;
+            changed[at] = static_cast<char>(byte);
+            EXPECT_EQ(codesIn(QRCodeParser::parseQRData(changed)).empty(), changed == payload) << at << byte;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace korvo::test

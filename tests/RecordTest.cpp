@@ -2,7 +2,6 @@
 #include <KorvoQRParser/Decoding/KorvoPayMerchantTLV.h>
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>
 #include <KorvoQRParser/Parser/assembleQRCodeData.h>
-#include <KorvoQRParser/Validation/KorvoBaseConstants.h>
 
 #include <map>
 #include <sstream>
@@ -220,7 +219,6 @@ TEST(Library, TellsItsVersion) {
     EXPECT_EQ(KorvoQRParserVersionNumber, 1.0);
     EXPECT_STREQ(KorvoQRParserVersionString, "@(#)PROGRAM:KorvoQRParser  PROJECT:KorvoSDK-1\n");
     EXPECT_STREQ(KorvoQRConstants::KorvoQRSDKVersion.data(), "");
-    EXPECT_STREQ(KorvoBaseConstants::emptyString.data(), "");
 }
 
 }  // namespace

@@ -31,7 +31,6 @@ Codes codesOf(const std::string& payload) {
     return codesIn(response);
 }
 
-constexpr auto absent = std::nullopt;
 const std::string acute = "\xCC\x81";
 
 TEST(Rules, RaiseTheirCodesInOrder) {
@@ -44,7 +43,8 @@ TEST(Rules, RaiseTheirCodesInOrder) {
             const std::size_t end = change->find_first_of("=-:");
             const std::string tag = change->substr(0, end);
             const bool isChanged = (*change)[end] == '=';
-            changes.emplace_back(tag, isChanged ? std::optional(expanded(change->substr(end + 1))) : absent);
+            changes.emplace_back(tag,
+                                 isChanged ? std::optional(expanded(change->substr(end + 1))) : std::nullopt);
             if ((*change)[end] == ':') {
                 verbatim += tag + expanded(change->substr(end + 1));
             }

@@ -1,6 +1,7 @@
 // Prints generated payloads, each ended by NUL: generate_payloads SEED COUNT. Two builds of the tool must
-// answer all of them alike. Half of the payloads have texts from every break class, with conjuncts, emoji,
-// flags and reserved code points.
+// answer all of them alike: compare the output of generate_payloads 1 1000000 | korvoqr parse -0 --format
+// jsonl. Half of the payloads have texts from every break class, with conjuncts, emoji, flags and reserved
+// code points.
 
 #include "GeneratedPayloads.h"
 
@@ -16,7 +17,7 @@ class RandomChoices {
     explicit RandomChoices(std::uint32_t seed) : random_(seed) {}
 
     std::string payload() {
-        isASCII_ = below(2) == 0;
+        isASCII_ = below(5) < 2;
         return generatedPayload(*this);
     }
 
@@ -41,7 +42,7 @@ class RandomChoices {
     std::string joined() {
         using B = BreakClass;
         static const std::vector<std::vector<B>> sequences{
-            {B::pictograph, B::joiner, B::pictograph},  // more than half of them are reserved
+            {B::pictograph, B::joiner, B::pictograph},  // many of them reserved
             {B::regionalIndicator, B::regionalIndicator},
             {B::leadingJamo, B::vowelJamo, B::trailingJamo},
             {B::consonant, B::virama, B::consonant},

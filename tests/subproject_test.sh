@@ -9,7 +9,7 @@ accepted=$(cat "$source/tests/data/full.payload")
 # check WAY SHARED BUILT
 check() {
     local build=$folder/$1 log=$folder/$1.log missing=() package
-    for package in CLI11 GTest nlohmann_json benchmark Doxygen; do
+    for package in CLI11 GTest ICU ZXing nlohmann_json benchmark Doxygen; do
         missing+=(-D "CMAKE_DISABLE_FIND_PACKAGE_$package=ON")
     done
     mkdir -p "$folder"

@@ -1,4 +1,4 @@
-#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
+#include <KorvoQRParser/Decoding/Text/UTF8.h>
 #include <KorvoQRParser/Model/JSONString.h>
 #include <KorvoQRParser/Model/QRCodeData.h>
 #include <KorvoQRParser/Model/QRCodeDataAccess.h>

@@ -128,9 +128,8 @@ void copySources(const TLV& holder, QRCodeData& data, std::index_sequence<rows..
     (copySource<rows>(holder, isPlaceholder, data), ...);
 }
 
-// Sets the length that a placeholder identifier announces, in decimal: its second character as a digit of
-// base
-// 27. It stays absent when none is announced.
+// Sets the length that a placeholder identifier announces, in decimal. Its second character is the length, as
+// a digit of base 27. The length stays absent when none is announced.
 void setAnnouncedLength(const TLV::Value& identifier, std::optional<std::string>& announced) {
     if (!identifier || !beginsWith(*identifier, '?')) {
         return;

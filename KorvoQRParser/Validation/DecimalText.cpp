@@ -13,8 +13,7 @@ constexpr std::string_view belowPercentages =
     "0.009999999999999999340805079128813304123468697071075439453125";
 constexpr std::string_view abovePercentages = "99.99000000000000198951966012828052043914794921875";
 
-// 2^-1075, the largest number that is rounded to 0: its digits after so many zeros, all of them after the
-// point.
+// 2^-1075 is the largest number that rounds to 0: these digits, after this many zeros behind the point.
 constexpr std::size_t zerosOfSmallest = 323;
 constexpr std::string_view digitsOfSmallest =
     "24703282292062327208828439643411068618252990130716238221279284125033775363510437593264991818081799618989"
@@ -73,11 +72,14 @@ bool isAboveZero(std::string_view text) noexcept {
     if (!isNumber(text)) {
         return false;
     }
-    const auto* const digit = std::find_if(text.begin(), text.end(), [](char c) { return c > '0'; });
-    if (digit - text.begin() <= static_cast<std::ptrdiff_t>(zerosOfSmallest)) {
-        return digit != text.end();
+    std::size_t digit = 0;
+    while (digit < text.size() && text[digit] <= '0') {
+        ++digit;
     }
-    // So many zeros are in no honest amount.
+    if (digit <= zerosOfSmallest) {
+        return digit < text.size();
+    }
+    // No honest amount has so many zeros.
     const std::string_view digits = fraction(text);
     const std::size_t zeros = std::min(digits.find_first_not_of('0'), digits.size());
     return !wholePart(text).empty() || zeros < std::min(digits.size(), zerosOfSmallest) ||

@@ -79,8 +79,8 @@ auto KorvoPayMerchantTLVValidator::validatePayMerchantTLV01(const KorvoPayMercha
 
 void KorvoPayMerchantTLVValidator::addErrorCode(std::string_view code) {
     if (!holdsErrorCode(code)) {
-        errorCodes_.reserve(
-            16);  // more than any payload that was met raises, so the list is moved once at most
+        // Few payloads raise more, so the list hardly ever grows again.
+        errorCodes_.reserve(16);
         errorCodes_.emplace_back(code);
         holdsCodes_.store(true, std::memory_order_relaxed);
     }

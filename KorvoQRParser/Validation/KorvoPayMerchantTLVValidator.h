@@ -19,8 +19,8 @@ namespace korvo {
 /// each once, in the order in which they were first raised. No rule stops the run.
 ///
 /// The two dispatchers (validatePayMerchantTLV) may be called on one instance from any number of threads.
-/// They take a lock only when their run or the one before it has raised a code. All other operations are for
-/// one thread at a time.
+/// They take a lock only when their run or the one before it has raised a code, or when the indicator is
+/// present but empty. All other operations are for one thread at a time.
 class KorvoPayMerchantTLVValidator {
   public:
     using Value = KorvoPayMerchantTLV::Value;
@@ -134,7 +134,7 @@ class KorvoPayMerchantTLVValidator {
     void validateAdditionalConsumerDataReq(const Value& request);
 
     ErrorCodes errorCodes_;
-    std::atomic<bool> holdsCodes_ = false;  // whether errorCodes_ holds any, to be asked without the lock
+    std::atomic<bool> holdsCodes_ = false;  // whether errorCodes_ holds any, read without the lock
     bool isDiggingDeepTLVRequired_ = false;
     std::mutex dispatch_;
 };

@@ -29,14 +29,13 @@ bool Pattern::isFoundIn(std::string_view text) const noexcept {
         std::uint64_t next = 0;
         for (std::size_t i = 0; i < count_ && active >> i != 0; ++i) {
             const Item& item = items_[i];
-            const bool isAnchor = item.kind == Kind::begin || item.kind == Kind::end;
             if ((active >> i & 1U) == 0) {
                 continue;
             }
-            if (isAnchor ? holds(item, text, start) : item.mayBeAbsent) {
+            if (isAnchor(item) ? holds(item, text, start) : item.mayBeAbsent) {
                 active |= std::uint64_t{2} << i;
             }
-            if (!isAnchor && codePoint >= 0 && matches(item, codePoint)) {
+            if (!isAnchor(item) && codePoint >= 0 && matches(item, codePoint)) {
                 next |= std::uint64_t{item.mayRepeat ? 3U : 2U} << i;
             }
         }

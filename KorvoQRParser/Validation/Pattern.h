@@ -15,7 +15,7 @@ namespace korvo {
 /// mean the same as in ICU. A constant pattern is compiled by the compiler.
 class Pattern {
   public:
-    /// Compiles a pattern of up to 63 items. The text must be valid UTF-8 and outlive the object.
+    /// Compiles a pattern of up to 63 items. The text must outlive the object.
     constexpr explicit Pattern(std::string_view text) noexcept : text_(text) {
         while (fault_ == nullptr && offset_ < text.size()) {
             compileItem();
@@ -122,7 +122,7 @@ class Pattern {
                 item.last = static_cast<std::uint32_t>(offset_);
         }
         compileQuantifier(item);
-        for (std::int32_t c = 0; c < 128 && fault_ == nullptr; ++c) {
+        for (std::int32_t c = 0; c < 128 && fault_ == nullptr && !isAnchor(item); ++c) {
             item.ascii[static_cast<std::size_t>(c) / 64] |= std::uint64_t{compares(item, c)} << (c % 64);
         }
         items_[count_++] = item;
@@ -132,7 +132,7 @@ class Pattern {
         if (fault_ != nullptr || !(isAt('?') || isAt('*') || isAt('+'))) {
             return;
         }
-        if (item.kind == Kind::begin || item.kind == Kind::end) {
+        if (isAnchor(item)) {
             return fail(offset_, "an anchor has no quantifier");
         }
         item.mayBeAbsent = !isAt('+');
@@ -142,6 +142,9 @@ class Pattern {
 
     constexpr void compileClass(Item& item) noexcept {
         const std::size_t start = offset_++;
+        if (isAt(':')) {
+            return fail(start, "named classes are not supported");
+        }
         item.kind = isAt('^') ? Kind::noneOf : Kind::oneOf;
         offset_ += isAt('^') ? 1 : 0;
         item.first = static_cast<std::uint32_t>(offset_);
@@ -183,6 +186,10 @@ class Pattern {
 
     static constexpr bool isLineEnd(std::int32_t c) noexcept {
         return (c >= '\n' && c <= '\r') || c == 0x85 || c == 0x2028 || c == 0x2029;
+    }
+
+    static constexpr bool isAnchor(const Item& item) noexcept {
+        return item.kind == Kind::begin || item.kind == Kind::end;
     }
 
     // Whether the item, which is no anchor, matches the code point.

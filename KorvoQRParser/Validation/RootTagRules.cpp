@@ -1,5 +1,4 @@
 #include <KorvoQRParser/Decoding/CRC.h>
-#include <KorvoQRParser/Decoding/Text/ASCII.h>
 #include <KorvoQRParser/Decoding/Text/CharacterSet.h>
 #include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 #include <KorvoQRParser/Validation/DecimalText.h>
@@ -29,8 +28,23 @@ bool isDigits(const CountedText& text, std::size_t count) {
     return text.characterCount() == count && consistsOfCharactersOf(text.text(), decimalDigits());
 }
 
-// The sum of the digits of twice a digit.
-constexpr std::array<unsigned, 10> doubledDigits{0, 2, 4, 6, 8, 1, 3, 5, 7, 9};
+// What a character adds to the sum of the Luhn test: a digit itself, or the digits of its double. Others add
+// nothing.
+using LuhnValues = std::array<std::uint8_t, 256>;
+constexpr LuhnValues singleValues = [] {
+    LuhnValues values{};
+    for (std::uint8_t digit = 0; digit < 10; ++digit) {
+        values[std::size_t{'0'} + digit] = digit;
+    }
+    return values;
+}();
+constexpr LuhnValues doubledValues = [] {
+    LuhnValues values{};
+    for (std::uint8_t digit = 0; digit < 10; ++digit) {
+        values[std::size_t{'0'} + digit] = static_cast<std::uint8_t>(digit < 5 ? 2 * digit : 2 * digit - 9);
+    }
+    return values;
+}();
 
 // The Luhn test of the account number that belongs to an identifier: one of 7 to 15 characters is widened to
 // 16 with zeros after its sixth. Zeros add nothing to the sum and only move the first six characters, so the
@@ -46,9 +60,8 @@ bool passesLuhnTest(const CountedText& merchantID) {
         if (left-- == 0) {
             isDoubled = (length - prefixLength) % 2 == 0;
         }
-        const int digit = character.size() == 1 ? digitValue(character[0]) : 10;
-        if (digit < 10) {
-            sum += isDoubled ? doubledDigits[static_cast<std::size_t>(digit)] : static_cast<unsigned>(digit);
+        if (character.size() == 1) {
+            sum += (isDoubled ? doubledValues : singleValues)[static_cast<unsigned char>(character[0])];
         }
         isDoubled = !isDoubled;
     });

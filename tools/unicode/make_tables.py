@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Writes KorvoQRParser/Decoding/Text/CharacterTables.h from the Unicode Character Database.
 
-To move to the next Unicode level: install its data, run this program, and let the tests compare the result with
-an ICU of the same level. What a character is decides every length in a payload, so a new level changes answers
+To move to the next Unicode level: install its data, change LEVEL, run this program into that file, and change the
+level in tests/icu/ICUTest.cpp. The tests then compare the result with an ICU of that level. What a character is decides every length in a payload, so a new level changes answers
 and is a release of its own."""
 import sys
 
@@ -102,7 +102,7 @@ def main(folder):
     properties = bytes(32 * GROUPS.index(group_of(category)) + CLASSES.index(value) for category, value
                        in zip(categories, read_classes(folder, combining)))
     blocks = [properties[i:i + BLOCK] for i in range(0, CODE_POINTS, BLOCK)]
-    # The last assigned plane but those for private use is far above the others and short.
+    # Plane 14 lies far above the other planes that have properties, and little of it is assigned.
     special = 0xE0000 // BLOCK
     end = max(i for i in range(special) if any(blocks[i])) + 1
     special_end = max(i for i in range(special, len(blocks)) if any(blocks[i])) + 1

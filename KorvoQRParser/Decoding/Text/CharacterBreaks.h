@@ -14,7 +14,7 @@ namespace korvo {
 /// How much of a character has been read, as far as it matters for the next code point.
 enum class BreakState : std::uint8_t {
     boundary,  ///< the next code point begins another character
-    open,      ///< the beginning, or only prepended marks: everything joins
+    open,      ///< only prepended marks: everything except a control joins
     closed,    ///< a control: nothing joins
     carriageReturn,
     base,  ///< only marks join
@@ -73,7 +73,7 @@ constexpr BreakState stateAfterMark(BreakState state, BreakClass mark) noexcept 
     return inConjunct && (mark == BreakClass::mark || mark == BreakClass::joiner) ? state : BreakState::base;
 }
 
-// Whether a code point that is no mark joins a character that has a letter or a symbol.
+// Whether a code point that is no mark joins a character of more than prepended marks.
 constexpr bool joinsBase(BreakState state, BreakClass next) noexcept {
     switch (next) {
         case BreakClass::regionalIndicator:

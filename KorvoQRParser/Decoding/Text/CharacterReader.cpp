@@ -1,5 +1,6 @@
 #include <KorvoQRParser/Decoding/Text/CharacterBreaks.h>
 #include <KorvoQRParser/Decoding/Text/CharacterReader.h>
+#include <KorvoQRParser/Decoding/Text/UTF8.h>
 
 #include <algorithm>
 #include <bit>

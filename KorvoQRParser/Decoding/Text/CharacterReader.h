@@ -1,8 +1,6 @@
 #ifndef KORVOQRPARSER_DECODING_TEXT_CHARACTERREADER_H
 #define KORVOQRPARSER_DECODING_TEXT_CHARACTERREADER_H
 
-#include <KorvoQRParser/Decoding/Text/UTF8.h>
-
 #include <cstddef>
 #include <optional>
 #include <string_view>
@@ -58,7 +56,7 @@ class CharacterReader {
     std::size_t plainEnd_ = 0;
 };
 
-/// The number of characters in the text, up to the first byte that is not valid UTF-8.
+/// The number of characters before the first byte that is not valid UTF-8, without the one that touches it.
 std::size_t characterCount(std::string_view text) noexcept;
 
 }  // namespace korvo

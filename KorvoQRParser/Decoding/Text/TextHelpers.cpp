@@ -2,7 +2,6 @@
 #include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <cstdlib>
 

@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 
 /// Small operations on texts that decoding, validation and record assembly share. Texts are valid UTF-8;

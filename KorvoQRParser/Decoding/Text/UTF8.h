@@ -45,8 +45,8 @@ constexpr std::int32_t nextBeyondASCII(std::string_view text, std::size_t& offse
 }  // namespace detail
 
 /// Reads the code point at a byte offset and moves the offset past it. Negative when the bytes there are not
-/// well-formed UTF-8; the offset moves past those that no well-formed code point begins with. The offset must
-/// be less than the text's size; this is not checked.
+/// well-formed UTF-8; the offset then moves past the first byte and those after it that could continue it.
+/// The offset must be less than the text's size; this is not checked.
 constexpr std::int32_t nextCodePoint(std::string_view text, std::size_t& offset) noexcept {
     const auto byte = static_cast<unsigned char>(text[offset]);
     if (byte < 0x80) {
