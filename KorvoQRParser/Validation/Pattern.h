@@ -15,7 +15,7 @@ namespace korvo {
 /// mean the same as in ICU. A constant pattern is compiled by the compiler.
 class Pattern {
   public:
-    /// Compiles a pattern of up to 63 items. The text must outlive the object.
+    /// Compiles a pattern of up to 15 items. The text must outlive the object.
     constexpr explicit Pattern(std::string_view text) noexcept : text_(text) {
         while (fault_ == nullptr && offset_ < text.size()) {
             compileItem();
@@ -32,7 +32,7 @@ class Pattern {
     bool isFoundIn(std::string_view text) const noexcept;
 
   private:
-    static constexpr std::size_t maxItems = 63;
+    static constexpr std::size_t maxItems = 15;
     static constexpr const char* setOperation = "operations on classes are not supported";
 
     enum class Kind : std::uint8_t { character, any, oneOf, noneOf, begin, end };
@@ -86,7 +86,7 @@ class Pattern {
 
     constexpr void compileItem() noexcept {
         if (count_ == maxItems) {
-            return fail(offset_, "the pattern has more than 63 items");
+            return fail(offset_, "the pattern has more than 15 items");
         }
         Item item;
         item.first = static_cast<std::uint32_t>(offset_);
