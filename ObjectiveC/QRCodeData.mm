@@ -40,6 +40,18 @@ struct KorvoQRCodeDataStorage {
     return stringFromText(_storage->record->jsonOutput());
 }
 
+- (NSString*)utf8JSON {
+    return stringFromText(_storage->record->utf8JSON());
+}
+
++ (NSArray<NSString*>*)propertyNames {
+    NSMutableArray<NSString*>* names = [NSMutableArray array];
+    for (const korvo::QRCodeDataPropertyRow& row : korvo::qrCodeDataProperties) {
+        [names addObject:stringFromText(row.name)];
+    }
+    return names;
+}
+
 - (NSString*)description {
     return stringFromText(_storage->record->description());
 }

@@ -1,6 +1,7 @@
 #include "Objects.h"
 #include "Ownership.h"
 #include "Text.h"
+#include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 
 #include <string>
 #include <utility>
@@ -20,6 +21,10 @@ std::vector<std::string> codesFromArray(NSArray<NSString*>* array) {
         codes.push_back(korvo::objectivec::textFromString([array objectAtIndex:i]));
     }
     return codes;
+}
+
+const korvo::ErrorCatalogueEntry* entryOf(NSString* code) {
+    return korvo::findErrorCatalogueEntry(korvo::objectivec::textFromString(code));
 }
 
 }  // namespace
@@ -57,6 +62,16 @@ std::vector<std::string> codesFromArray(NSArray<NSString*>* array) {
 
 - (void)setErrorCodes:(NSArray<NSString*>*)errorCodes {
     _storage->error->setErrorCodes(codesFromArray(errorCodes));
+}
+
++ (NSString*)nameOfErrorCode:(NSString*)code {
+    const auto* const entry = entryOf(code);
+    return entry != nullptr ? korvo::objectivec::stringFromText(entry->name) : nil;
+}
+
++ (NSString*)meaningOfErrorCode:(NSString*)code {
+    const auto* const entry = entryOf(code);
+    return entry != nullptr ? korvo::objectivec::stringFromText(entry->meaning) : nil;
 }
 
 - (NSString*)description {

@@ -8,8 +8,8 @@ endif()
 set(DOXYGEN_PROJECT_BRIEF "${PROJECT_DESCRIPTION}")
 set(DOXYGEN_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/docs)
 set(DOXYGEN_STRIP_FROM_PATH ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR})
-set(DOXYGEN_STRIP_FROM_INC_PATH ${PROJECT_SOURCE_DIR})
-set(DOXYGEN_INCLUDE_PATH ${PROJECT_SOURCE_DIR})
+set(DOXYGEN_STRIP_FROM_INC_PATH ${PROJECT_SOURCE_DIR}/KorvoQRParser/include)
+set(DOXYGEN_INCLUDE_PATH ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/KorvoQRParser/include)
 set(DOXYGEN_JAVADOC_AUTOBRIEF YES)
 set(DOXYGEN_EXTRACT_STATIC YES)
 set(DOXYGEN_MACRO_EXPANSION YES)
@@ -20,6 +20,8 @@ set(DOXYGEN_PREDEFINED
     "KORVO_EXPORT:="
     "KORVO_CODE(constant,code,first,second,meaning):=/** meaning Tag first in the two-digit format, tag second in the \
 one-character format. */ inline constexpr std::string_view constant = code\;"
+    "KORVO_INDEX(name,Name):=/** The property of this name. */ name,"
+    "KORVO_ENUMERATOR(constant,code,first,second,meaning):=/** meaning */ constant,"
     "KORVO_TEXT(name,Name):=/** Gives name this value. */ void QRCodeData::set##Name(std::optional<std::string> value) noexcept {}"
     "KORVO_FLAG(name,Name):=/** Gives name this value. */ void QRCodeData::set##Name(bool value) noexcept {}")
 set(setters ${PROJECT_BINARY_DIR}/setters.h)

@@ -115,12 +115,15 @@ TEST(Documents, ErrorCodesKeepInStep) {
         const Codes facts{'"' + std::string(code) + '"', '`' + std::string(name) + '`', std::string(meaning),
                           std::string(twoDigitTag), std::string(oneCharacterTag)};
         EXPECT_EQ(Codes(rows[i].begin(), rows[i].end() - 1), facts);
+        EXPECT_EQ(findErrorCatalogueEntry(errorCodeFromText(code).value())->name, name);
         const std::string answer = rows[i][5] == "-" ? "" : ' ' + answerTo(rows[i][5]);
         unraised +=
             answer.find(' ' + std::string(code) + ' ') == std::string::npos ? std::string(code) + ' ' : "";
     }
     EXPECT_EQ(unraised, "30 44 ");
-    EXPECT_EQ(findErrorCatalogueEntry("22"), nullptr);
+    EXPECT_FALSE(findErrorCatalogueEntry("22") || errorCodeFromText("22") || errorCodeFromText("048"));
+    EXPECT_EQ(findErrorCatalogueEntry(static_cast<ErrorCode>(22)), nullptr);
+    EXPECT_EQ(errorCodeFromText("48"), ErrorCode::crcInvalidValue);
 }
 
 }  // namespace

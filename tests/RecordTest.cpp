@@ -64,6 +64,10 @@ std::string filled(const std::string& rendering, const Values& values) {
 void expectValues(const QRCodeData& data, const Values& values) {
     for (const Property& property : properties) {
         EXPECT_EQ(property.get(data), values.at(property.name)) << property.name;
+        const QRCodeDataProperty index = propertyNamed(property.name).value();
+        EXPECT_EQ(property.isFlag ? data.flag(index) ? "true" : "false" : data.text(index).value_or("nil"),
+                  values.at(property.name));
+        EXPECT_FALSE(property.isFlag ? data.text(index).has_value() : data.flag(index));
     }
     EXPECT_EQ(data.jsonOutput(), trimmed(filled("empty.json", values)));
     EXPECT_EQ(data.description(), filled("empty.txt", values));
@@ -139,6 +143,25 @@ TEST(Record, JSONEscapesAndRefuses) {
             EXPECT_EQ(json(malformed, setter), "error: Account could not be serialized into json\n");
         }
     }
+}
+
+TEST(Record, JSONInUTF8) {
+    QRCodeData data;
+    data.setMerchantName("\u4E2D\"\U0001F600");
+    data.setIsBillIDMandatory(true);
+    std::string wanted;
+    for (const QRCodeDataPropertyRow& row : qrCodeDataProperties) {
+        const std::string value = row.name == "merchantName"        ? "\"\u4E2D\\\"\U0001F600\""
+                                  : row.name == "isBillIDMandatory" ? "true"
+                                  : row.isFlag                      ? "false"
+                                                                    : "null";
+        wanted += (wanted.empty() ? "{\"" : ",\"") + std::string(row.name) + "\":" + value;
+    }
+    EXPECT_EQ(data.utf8JSON(), wanted + '}');
+    data.setMerchantName("\xFF");
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(data.utf8JSON(), "");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "error: Account could not be serialized into json\n");
 }
 
 TEST(Assembly, WidensTheMerchantIdentifier) {

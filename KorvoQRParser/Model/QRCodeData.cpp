@@ -27,6 +27,16 @@ KORVO_QRCODEDATA_PROPERTIES(KORVO_TEXT, KORVO_FLAG)
 #undef KORVO_FLAG
 #undef KORVO_TEXT
 
+std::optional<std::string_view> QRCodeData::text(QRCodeDataProperty property) const noexcept {
+    return propertyRow(property).isFlag
+               ? std::nullopt
+               : std::optional<std::string_view>(QRCodeDataAccess::text(*this, property));
+}
+
+bool QRCodeData::flag(QRCodeDataProperty property) const noexcept {
+    return propertyRow(property).isFlag && QRCodeDataAccess::flag(*this, property);
+}
+
 // Not defaulted in the class, because make_shared would then clear the whole record before constructing it.
 QRCodeData::QRCodeData() noexcept = default;
 

@@ -1,5 +1,6 @@
 #include <KorvoQRParser/Decoding/Text/UTF8.h>
 #include <KorvoQRParser/Model/JSONString.h>
+#include <KorvoQRParser/Model/JSONWriter.h>
 #include <KorvoQRParser/Model/QRCodeData.h>
 #include <KorvoQRParser/Model/QRCodeDataAccess.h>
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>
@@ -24,14 +25,22 @@ bool allTexts(const Texts& texts, bool (*holds)(std::string_view)) {
                        [holds](const auto& text) { return !text || holds(*text); });
 }
 
+// Whether all texts are valid UTF-8; one line on standard output says when they are not.
+template <class Texts>
+bool reportUnlessUTF8(const Texts& texts) {
+    const bool isValid = allTexts(texts, isUTF8);
+    if (!isValid) {
+        std::puts("error: Account could not be serialized into json");
+    }
+    return isValid;
+}
+
 }  // namespace
 
 std::string QRCodeData::jsonOutput() const {
     constexpr std::size_t usualSize = 2560;
     if (!allTexts(texts_, isASCII)) {
-        if (!allTexts(texts_, isUTF8)) {
-            std::puts("error: Account could not be serialized into json");
-        }
+        reportUnlessUTF8(texts_);
         return {};
     }
     std::string json = "{";
@@ -43,6 +52,25 @@ std::string QRCodeData::jsonOutput() const {
         appendJSONString(json, QRCodeDataAccess::rendered(*this, row));
     }
     return json += "\n}";
+}
+
+std::string QRCodeData::utf8JSON() const {
+    if (!reportUnlessUTF8(texts_)) {
+        return {};
+    }
+    JSONWriter json(JSONWriter::Layout::oneLine);
+    json.beginObject();
+    for (const QRCodeDataPropertyRow& row : qrCodeDataProperties) {
+        json.name(row.name);
+        if (row.isFlag) {
+            json.boolean(QRCodeDataAccess::flag(*this, row.index));
+        } else if (const auto& value = QRCodeDataAccess::text(*this, row.index)) {
+            json.string(*value);
+        } else {
+            json.null();
+        }
+    }
+    return json.endObject().text();
 }
 
 }  // namespace korvo

@@ -42,6 +42,7 @@ static void rendersRecords() {
     QRCodeData* data = parsed(withoutLineFeed(contents(@"full.payload"))).qrCodeData;
     EXPECT_EQUAL(([NSString stringWithFormat:@"%@", data]), contents(@"full.txt"));
     EXPECT_EQUAL([data.jsonOutput stringByAppendingString:@"\n"], contents(@"full.json"));
+    EXPECT([data.utf8JSON hasPrefix:@"{\"korvoMerchantID\":\"4"] && [data.utf8JSON hasSuffix:@":null}"]);
 }
 
 // A copy of the handler is a copy of the token that it holds.
@@ -96,6 +97,10 @@ static void takesNil() {
     QRCodeParserResponse* response = [[[QRCodeParserResponse alloc] initWithQrCodeData:nothing
                                                                            qrCodeError:nothing] autorelease];
     EXPECT(response.qrCodeData == nil && response.qrCodeError == nil);
+    EXPECT_EQUAL([QRCodeError nameOfErrorCode:nothing], nil);
+    EXPECT_EQUAL([QRCodeError meaningOfErrorCode:@"22"], nil);
+    EXPECT_EQUAL([QRCodeError nameOfErrorCode:@"13"], @"countryCodeNotPresent");
+    EXPECT_EQUAL([QRCodeError meaningOfErrorCode:@"13"], @"The country code is missing.");
     EXPECT([[NSCharacterSet unionAlphaNumericCharacterSetWith:nothing] characterIsMember:'a']);
 }
 
@@ -122,7 +127,8 @@ static void keepsPropertiesApart() {
     NSString* empty = withoutLineFeed(contents(@"empty.json"));
     NSData* json = [empty dataUsingEncoding:NSUTF8StringEncoding];
     NSDictionary* properties = [NSJSONSerialization JSONObjectWithData:json options:0 error:nullptr];
-    EXPECT(properties.count == 70);
+    EXPECT_EQUAL([NSSet setWithArray:[QRCodeData propertyNames]], [NSSet setWithArray:properties.allKeys]);
+    EXPECT([QRCodeData propertyNames].count == 70);
     for (NSString* name in properties) {
         const BOOL isFlag = [[properties objectForKey:name] isEqual:@"false"];
         id before = isFlag ? [NSNumber numberWithBool:NO] : nil;

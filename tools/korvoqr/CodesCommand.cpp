@@ -1,6 +1,6 @@
 #include "Commands.h"
 #include "InputRun.h"
-#include "JSONWriter.h"
+#include "LibraryInternals.h"
 #include <KorvoQRParser/KorvoQRParser.h>
 
 #include <algorithm>
@@ -12,6 +12,7 @@ namespace korvoqr {
 
 namespace {
 
+using korvo::JSONWriter;
 using Entries = std::vector<const korvo::ErrorCatalogueEntry*>;
 
 std::string codesJSON(const Entries& entries) {

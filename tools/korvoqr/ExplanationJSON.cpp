@@ -1,5 +1,5 @@
 #include "ExplanationRendering.h"
-#include "JSONWriter.h"
+#include "LibraryInternals.h"
 
 #include <algorithm>
 #include <span>
@@ -8,6 +8,7 @@ namespace korvoqr {
 
 namespace {
 
+using korvo::JSONWriter;
 using Entries = std::vector<const korvo::ErrorCatalogueEntry*>;
 
 void appendCodes(JSONWriter& json, const Entries& entries) {

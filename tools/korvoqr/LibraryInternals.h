@@ -12,8 +12,7 @@
 #include <KorvoQRParser/Decoding/Text/CharacterReader.h>  // offsets, line breaks, and escapes
 #include <KorvoQRParser/Decoding/Text/CountedText.h>      // values with their number of characters
 #include <KorvoQRParser/Decoding/Text/UTF8.h>             // code points, and whether bytes are UTF-8
-#include <KorvoQRParser/Model/JSONString.h>               // strings in JSON
-#include <KorvoQRParser/Model/QRCodeDataAccess.h>         // the members of a JSON line
+#include <KorvoQRParser/Model/JSONWriter.h>               // JSON
 #include <KorvoQRParser/Validation/KorvoPayMerchantTLVValidator.h>  // the rules for that check
 
 #endif

@@ -1,6 +1,5 @@
 #include "Rendering.h"
 
-#include "JSONWriter.h"
 #include "LibraryInternals.h"
 
 #include <optional>
@@ -10,6 +9,7 @@ namespace korvoqr {
 
 namespace {
 
+using korvo::JSONWriter;
 using Layout = JSONWriter::Layout;
 
 std::string_view nameOf(std::string_view code) {
@@ -53,29 +53,10 @@ std::string dataJSON(const korvo::QRCodeData& data, const Origin& origin) {
     return record + '\n';
 }
 
-void appendMember(JSONWriter& json, std::string_view name, const std::optional<std::string>& value) {
-    json.name(name);
-    if (value) {
-        json.string(*value);
-    } else {
-        json.null();
-    }
-}
-
 std::string dataLine(const korvo::QRCodeData& data, const Origin& origin) {
     JSONWriter json(Layout::oneLine);
-    json.beginObject();
-    appendOrigin(json, origin);
-    json.name("qrCodeData").beginObject();
-    for (const korvo::QRCodeDataPropertyRow& row : korvo::qrCodeDataProperties) {
-        if (row.isFlag) {
-            json.name(row.name).boolean(korvo::QRCodeDataAccess::flag(data, row.index));
-        } else {
-            appendMember(json, row.name, korvo::QRCodeDataAccess::text(data, row.index));
-        }
-    }
-    json.endObject().endObject();
-    return json.text() + '\n';
+    appendOrigin(json.beginObject(), origin);
+    return json.name("qrCodeData").text() + data.utf8JSON() + "}\n";
 }
 
 std::string errorText(const korvo::QRCodeError& error) {

@@ -18,11 +18,13 @@
 ///         show(response.qrCodeError()->errorCodes());
 ///     }
 ///
-/// Start with QRCodeParser. QRCodeData is the record, and KorvoErrorConstants.h lists the codes.
+/// Start with QRCodeParser. QRCodeData is the record, and QRCodeDataProperties.h lists its properties, and
+/// KorvoErrorConstants.h lists the codes.
 
 #include <KorvoQRParser/KorvoQRParserExport.h>
 #include <KorvoQRParser/KorvoQRParserVersion.h>
 #include <KorvoQRParser/Model/QRCodeData.h>
+#include <KorvoQRParser/Model/QRCodeDataProperties.h>
 #include <KorvoQRParser/Parser/KorvoQRConstants.h>
 #include <KorvoQRParser/Parser/QRCodeError.h>
 #include <KorvoQRParser/Parser/QRCodeParser.h>

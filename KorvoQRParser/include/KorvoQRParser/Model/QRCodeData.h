@@ -2,12 +2,14 @@
 #define KORVOQRPARSER_MODEL_QRCODEDATA_H
 
 #include <KorvoQRParser/KorvoQRParserExport.h>
+#include <KorvoQRParser/Model/QRCodeDataProperties.h>
 
 #include <array>
 #include <cstddef>
 #include <iosfwd>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace korvo {
 
@@ -49,6 +51,19 @@ class KORVO_EXPORT QRCodeData {
     /// caller set is not even valid UTF-8, one line on standard output says so. Made anew on every call, in
     /// time linear in the record's size.
     [[nodiscard]] std::string jsonOutput() const;
+
+    /// Returns the record as one JSON object (RFC 8259, UTF-8) on one line, with a member for each property
+    /// in the order of qrCodeDataProperties: a text is a string or, when absent, null; a flag is true or
+    /// false. Texts outside ASCII stay as they are. Returns the empty text when a value that a caller set is
+    /// not valid UTF-8, and says so in one line on standard output, as jsonOutput does. Made anew on every
+    /// call, in time linear in the record's size.
+    [[nodiscard]] std::string utf8JSON() const;
+
+    /// The text of a property, valid until the property changes; absent for a flag.
+    std::optional<std::string_view> text(QRCodeDataProperty property) const noexcept;
+
+    /// A flag, as its own getter returns it; false for a text.
+    bool flag(QRCodeDataProperty property) const noexcept;
 
     /// Returns the record as 69 lines "name: value", each ended by a line feed. An absent text is nil, a flag
     /// is true or false, and nothing is quoted or escaped. npciid1 appears on two lines; npciid2 and

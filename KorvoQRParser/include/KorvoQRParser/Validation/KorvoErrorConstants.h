@@ -2,6 +2,7 @@
 #define KORVOQRPARSER_VALIDATION_KORVOERRORCONSTANTS_H
 
 #include <array>
+#include <optional>
 #include <string_view>
 
 namespace korvo {
@@ -59,6 +60,19 @@ namespace korvo {
     CODE(crcInvalidValue, "48", "63", "-", "The checksum is not 4 characters, or is not the checksum of the payload.")
 // clang-format on
 
+namespace detail {
+
+// The number of a code of the catalogue.
+constexpr unsigned char codeNumber(std::string_view code) noexcept {
+    unsigned number = 0;
+    for (const char digit : code) {
+        number = 10 * number + static_cast<unsigned char>(digit) - '0';
+    }
+    return static_cast<unsigned char>(number);
+}
+
+}  // namespace detail
+
 /// The error codes by name. A code is a decimal number as text, as in QRCodeError.
 namespace KorvoErrorConstants {
 
@@ -77,6 +91,19 @@ inline constexpr std::string_view secondaryIdNoSubscriberIdForMerchant = "27";
 inline constexpr std::string_view additionalDataFieldTagCount = "47";
 
 }  // namespace KorvoErrorConstants
+
+/// The error codes of the catalogue as an enumeration, whose values are the codes' numbers:
+///
+///     switch (*korvo::errorCodeFromText(code)) {
+///         case korvo::ErrorCode::crcInvalidValue: ...
+///
+/// A later version may add some.
+enum class ErrorCode : unsigned char {
+#define KORVO_ENUMERATOR(constant, code, twoDigitTag, oneCharacterTag, meaning) \
+    constant = detail::codeNumber(code),
+    KORVO_ERROR_CATALOGUE(KORVO_ENUMERATOR)
+#undef KORVO_ENUMERATOR
+};
 
 /// One row of the catalogue of error codes. It names the tags that the code concerns, for each format: one
 /// tag ("54", or "62/09" inside tag 62), a list ("56, 57"), a range ("62/01-62/08"), "any" for the whole
@@ -104,6 +131,24 @@ inline constexpr std::array errorCatalogue{
 constexpr const ErrorCatalogueEntry* findErrorCatalogueEntry(std::string_view code) noexcept {
     for (const ErrorCatalogueEntry& entry : errorCatalogue) {
         if (entry.code == code) {
+            return &entry;
+        }
+    }
+    return nullptr;
+}
+
+/// The enumerator of a code; absent when the catalogue does not have it, as above.
+constexpr std::optional<ErrorCode> errorCodeFromText(std::string_view code) noexcept {
+    const ErrorCatalogueEntry* const entry = findErrorCatalogueEntry(code);
+    return entry == nullptr ? std::nullopt
+                            : std::optional(static_cast<ErrorCode>(detail::codeNumber(entry->code)));
+}
+
+/// The catalogue's row for an enumerator; its `code` is the code as text. Null for any other value, such as
+/// one of a newer version.
+constexpr const ErrorCatalogueEntry* findErrorCatalogueEntry(ErrorCode code) noexcept {
+    for (const ErrorCatalogueEntry& entry : errorCatalogue) {
+        if (static_cast<ErrorCode>(detail::codeNumber(entry.code)) == code) {
             return &entry;
         }
     }

@@ -43,6 +43,16 @@ KORVO_EXPORT
 /// standard output too. Made anew on every call, in time linear in the record's size.
 @property(nonatomic, readonly, copy) NSString* jsonOutput;
 
+/// The record as one JSON object in one line, with a member for each property in the order of propertyNames:
+/// a text is a string or, when absent, null; a flag is true or false. Characters outside ASCII stay as they
+/// are. The empty text where a text has a surrogate without its other half; a line on standard output says
+/// so, as for jsonOutput. Made anew on every call.
+@property(nonatomic, readonly, copy) NSString* utf8JSON;
+
+/// The names of all properties. To walk over a record, ask it for the value of each name with -valueForKey:,
+/// which is a string or nil for a text, and a number for a flag.
++ (KORVO_ARRAY_OF(NSString*) *)propertyNames;
+
 /// The record as 69 lines "name: value", each ended by a line feed: an absent text is nil, a flag true or
 /// false, nothing is quoted or escaped. npciid1 stands on two lines; npciid2 and additionalDataField stand on
 /// none. Made anew on every call.

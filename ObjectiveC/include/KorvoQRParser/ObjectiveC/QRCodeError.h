@@ -29,6 +29,13 @@ KORVO_EXPORT
 /// of the error reaches; setting replaces the whole list with a copy.
 @property(nonatomic, copy) KORVO_ARRAY_OF(NSString*) * errorCodes;
 
+/// The published name of a code, such as "crcInvalidValue" for "48"; nil for a text that is no code of the
+/// catalogue.
++ (NSString* _Nullable)nameOfErrorCode:(NSString*)code;
+
+/// The meaning of a code in plain English, one sentence; nil for a text that is no code of the catalogue.
++ (NSString* _Nullable)meaningOfErrorCode:(NSString*)code;
+
 /// The codes as one line of text: each code followed by one blank, the last one too ("41 48 "); the empty
 /// text for an empty list. Made anew on every call.
 - (NSString*)description;

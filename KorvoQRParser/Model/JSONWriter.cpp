@@ -1,10 +1,10 @@
-#include "JSONWriter.h"
-
-#include "LibraryInternals.h"
+#include <KorvoQRParser/Decoding/Text/UTF8.h>
+#include <KorvoQRParser/Model/JSONString.h>
+#include <KorvoQRParser/Model/JSONWriter.h>
 
 #include <utility>
 
-namespace korvoqr {
+namespace korvo {
 
 namespace {
 
@@ -12,7 +12,7 @@ std::string withReplacements(std::string_view text) {
     std::string result;
     for (std::size_t offset = 0; offset < text.size();) {
         const std::size_t start = offset;
-        const bool isValid = korvo::nextCodePoint(text, offset) >= 0;
+        const bool isValid = nextCodePoint(text, offset) >= 0;
         result += isValid ? text.substr(start, offset - start) : "\xEF\xBF\xBD";
     }
     return result;
@@ -36,10 +36,10 @@ JSONWriter& JSONWriter::name(std::string_view name) {
 
 JSONWriter& JSONWriter::string(std::string_view value) {
     separate();
-    if (korvo::isUTF8(value)) {
-        korvo::appendJSONString(text_, value);
+    if (isUTF8(value)) {
+        appendJSONString(text_, value);
     } else {
-        korvo::appendJSONString(text_, withReplacements(value));
+        appendJSONString(text_, withReplacements(value));
     }
     return *this;
 }
@@ -88,4 +88,4 @@ void JSONWriter::breakLine() {
     }
 }
 
-}  // namespace korvoqr
+}  // namespace korvo

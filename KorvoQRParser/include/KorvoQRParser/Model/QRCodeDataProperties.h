@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string_view>
 
 namespace korvo {
@@ -83,40 +84,50 @@ namespace korvo {
     TEXT(primaryIDLength, PrimaryIDLength)                                                 \
     TEXT(secondaryIDLength, SecondaryIDLength)
 
-/// The index of each property.
+// clang-format on
+
+/// The properties of QRCodeData, in the order of their JSON members. A later version may add some at the end.
 enum class QRCodeDataProperty : unsigned char {
 #define KORVO_INDEX(name, Name) name,
     KORVO_QRCODEDATA_PROPERTIES(KORVO_INDEX, KORVO_INDEX)
 #undef KORVO_INDEX
 };
 
-/// A property of the record.
+/// A property of QRCodeData, to walk over a record:
+///
+///     for (const auto& row : korvo::qrCodeDataProperties) {
+///         if (row.isFlag ? data.flag(row.index) : data.text(row.index).has_value()) {
+///             show(row.name);
+///         }
+///     }
 struct QRCodeDataPropertyRow {
-    std::string_view name;
-    QRCodeDataProperty index;
-    bool isFlag;         ///< true for a flag, false for a text that may be absent
-    unsigned char slot;  ///< the position among the record's flags or texts
+    std::string_view name;     ///< the name of the getter, and of the JSON member
+    QRCodeDataProperty index;  ///< its place in qrCodeDataProperties
+    bool isFlag;               ///< true for a flag, false for a text that may be absent
 };
 
 /// All properties, in the order of their indices.
-inline constexpr auto qrCodeDataProperties = [] {
-#define KORVO_TEXT(name, Name) QRCodeDataPropertyRow{#name, QRCodeDataProperty::name, false, 0},
-#define KORVO_FLAG(name, Name) QRCodeDataPropertyRow{#name, QRCodeDataProperty::name, true, 0},
-    std::array rows{KORVO_QRCODEDATA_PROPERTIES(KORVO_TEXT, KORVO_FLAG)};
-#undef KORVO_FLAG
-#undef KORVO_TEXT
-    unsigned char texts = 0;
-    unsigned char flags = 0;
-    for (auto& row : rows) {
-        row.slot = row.isFlag ? flags++ : texts++;
-    }
-    return rows;
-}();
-// clang-format on
+inline constexpr std::array qrCodeDataProperties{
+#define KORVO_TEXT_ROW(name, Name) QRCodeDataPropertyRow{#name, QRCodeDataProperty::name, false},
+#define KORVO_FLAG_ROW(name, Name) QRCodeDataPropertyRow{#name, QRCodeDataProperty::name, true},
+    KORVO_QRCODEDATA_PROPERTIES(KORVO_TEXT_ROW, KORVO_FLAG_ROW)
+#undef KORVO_FLAG_ROW
+#undef KORVO_TEXT_ROW
+};
 
-/// The row of a property.
+/// The row of a property. The index must be that of an enumerator; this is not checked.
 constexpr const QRCodeDataPropertyRow& propertyRow(QRCodeDataProperty property) noexcept {
     return qrCodeDataProperties[static_cast<std::size_t>(property)];
+}
+
+/// The property with this name; absent when there is none.
+constexpr std::optional<QRCodeDataProperty> propertyNamed(std::string_view name) noexcept {
+    for (const QRCodeDataPropertyRow& row : qrCodeDataProperties) {
+        if (row.name == name) {
+            return row.index;
+        }
+    }
+    return std::nullopt;
 }
 
 }  // namespace korvo

@@ -1,12 +1,12 @@
-#ifndef KORVOQR_JSONWRITER_H
-#define KORVOQR_JSONWRITER_H
+#ifndef KORVOQRPARSER_MODEL_JSONWRITER_H
+#define KORVOQRPARSER_MODEL_JSONWRITER_H
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-namespace korvoqr {
+namespace korvo {
 
 /// Writes JSON (RFC 8259) from left to right, on one line or indented by two blanks per level:
 ///
@@ -48,6 +48,6 @@ class JSONWriter {
     bool isNamed_ = false;  // the name of the next value has been written
 };
 
-}  // namespace korvoqr
+}  // namespace korvo
 
 #endif
