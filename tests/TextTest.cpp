@@ -60,7 +60,7 @@ TEST(Text, ReadsAmountsAsADoubleWould) {
         char* end = nullptr;
         const double number = std::strtod(text.c_str(), &end);
         const bool isNumber =
-            !text.empty() && *end == '\0' && text.find_first_not_of("0123456789.") == text.npos;
+            !text.empty() && *end == '\0' && text.find_first_not_of("0123456789.") == std::string::npos;
         EXPECT_EQ(isAboveZero(text), isNumber && number > 0) << text;
         EXPECT_EQ(isPercentage(text), isNumber && number >= 0.01 && number <= 99.99) << text;
     }

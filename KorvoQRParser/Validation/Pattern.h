@@ -123,7 +123,8 @@ class Pattern {
         }
         compileQuantifier(item);
         for (std::int32_t c = 0; c < 128 && fault_ == nullptr && !isAnchor(item); ++c) {
-            item.ascii[static_cast<std::size_t>(c) / 64] |= std::uint64_t{compares(item, c)} << (c % 64);
+            item.ascii[static_cast<std::size_t>(c) / 64] |= std::uint64_t{compares(item, c) ? 1U : 0U}
+                                                            << (c % 64);
         }
         items_[count_++] = item;
     }
@@ -217,7 +218,9 @@ class Pattern {
         return c < 128 ? (item.ascii[c / 64] >> c % 64 & 1U) != 0 : compares(item, codePoint);
     }
 
-    bool holds(const Item& anchor, std::string_view text, std::size_t offset) const noexcept;
+    static bool holds(const Item& anchor, std::string_view text, std::size_t offset) noexcept;
+    std::uint64_t advance(std::uint64_t& active, std::string_view text, std::size_t offset,
+                          std::int32_t codePoint) const noexcept;
 
     std::string_view text_;
     std::array<Item, maxItems> items_{};

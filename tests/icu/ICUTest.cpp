@@ -36,7 +36,7 @@ BreakClass breakClassInICU(std::int32_t c) {
                                                USCRIPT_MALAYALAM, USCRIPT_ORIYA,      USCRIPT_TELUGU};
     UErrorCode status = U_ZERO_ERROR;
     const int syllabic = u_getIntPropertyValue(c, UCHAR_INDIC_SYLLABIC_CATEGORY);
-    const bool isLinking = conjunctScripts.count(uscript_getScript(c, &status)) != 0;
+    const bool isLinking = conjunctScripts.contains(uscript_getScript(c, &status));
     const B found =
         breakClasses[static_cast<unsigned>(u_getIntPropertyValue(c, UCHAR_GRAPHEME_CLUSTER_BREAK))];
     return isLinking && syllabic == U_INSC_CONSONANT                                       ? B::consonant
@@ -96,9 +96,10 @@ TEST(Unicode, CutsItsOwnTestTheSameWay) {
 
 // Where user-perceived characters end in a valid UTF-8 text.
 std::vector<std::size_t> endsInICU(const std::string& text) {
-    static UErrorCode status = U_ZERO_ERROR;
+    UErrorCode status = U_ZERO_ERROR;
     static UText view = UTEXT_INITIALIZER;
-    static UBreakIterator* const iterator = ubrk_open(UBRK_CHARACTER, "", nullptr, 0, &status);
+    static UBreakIterator* const iterator =  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
+        ubrk_open(UBRK_CHARACTER, "", nullptr, 0, &status);
     utext_openUTF8(&view, text.data(), static_cast<std::int64_t>(text.size()), &status);
     ubrk_setUText(iterator, &view, &status);
     std::vector<std::size_t> ends;
@@ -145,9 +146,9 @@ TEST(ICU, KnowsTheSameCountries) {
         for (char second = 0; second < 127; ++second) {
             const std::string code{first, second};
             const bool isExtra = code == "DG" || code == "EA" || code == "IC" || code == "XK";
-            const bool isStandard = standard.find("\"alpha_2\": \"" + code + '"') != std::string::npos;
-            EXPECT_EQ(inICU.count(code) != 0, isExtra || isStandard) << code;
-            EXPECT_EQ(inICU.count(code) != 0, ISOCountryCodes::isISOCountry(code)) << code;
+            const bool isStandard = standard.find(R"("alpha_2": ")" + code + '"') != std::string::npos;
+            EXPECT_EQ(inICU.contains(code), isExtra || isStandard) << code;
+            EXPECT_EQ(inICU.contains(code), ISOCountryCodes::isISOCountry(code)) << code;
         }
     }
 }
