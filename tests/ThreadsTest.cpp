@@ -38,7 +38,7 @@ TEST(Threads, NeverSeeEachOthersAnswers) {
     }
 }
 
-// The answers to payloads that need the character sets, the pattern and the Unicode library's iterator.
+// The answers to payloads that need the character sets, the pattern and the tables of characters.
 Codes answersAtTheEnd() {
     const std::string hangul = "\xE1\x84\x80\xE1\x85\xA1";
     Codes answers;

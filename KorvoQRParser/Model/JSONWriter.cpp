@@ -35,12 +35,12 @@ JSONWriter& JSONWriter::name(std::string_view name) {
 }
 
 JSONWriter& JSONWriter::string(std::string_view value) {
+    return isUTF8(value) ? validString(value) : validString(withReplacements(value));
+}
+
+JSONWriter& JSONWriter::validString(std::string_view value) {
     separate();
-    if (isUTF8(value)) {
-        appendJSONString(text_, value);
-    } else {
-        appendJSONString(text_, withReplacements(value));
-    }
+    appendJSONString(text_, value);
     return *this;
 }
 

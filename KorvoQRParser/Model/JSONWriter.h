@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace korvo {
 
@@ -27,12 +28,16 @@ class JSONWriter {
 
     /// Bytes that are not UTF-8 become U+FFFD.
     JSONWriter& string(std::string_view value);
+    /// The same for a text that must be valid UTF-8, which is not checked.
+    JSONWriter& validString(std::string_view value);
     JSONWriter& number(std::uint64_t value) { return literal(std::to_string(value)); }
     JSONWriter& boolean(bool value) { return literal(value ? "true" : "false"); }
     JSONWriter& null() { return literal("null"); }
 
     /// Everything written so far.
     const std::string& text() const noexcept { return text_; }
+    /// The same, moved out; the writer must not be used again.
+    std::string takeText() noexcept { return std::move(text_); }
 
   private:
     JSONWriter& begin(char bracket);

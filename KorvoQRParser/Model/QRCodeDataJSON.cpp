@@ -65,12 +65,12 @@ std::string QRCodeData::utf8JSON() const {
         if (row.isFlag) {
             json.boolean(QRCodeDataAccess::flag(*this, row.index));
         } else if (const auto& value = QRCodeDataAccess::text(*this, row.index)) {
-            json.string(*value);
+            json.validString(*value);
         } else {
             json.null();
         }
     }
-    return json.endObject().text();
+    return json.endObject().takeText();
 }
 
 }  // namespace korvo

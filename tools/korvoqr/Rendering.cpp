@@ -56,7 +56,7 @@ std::string dataJSON(const korvo::QRCodeData& data, const Origin& origin) {
 std::string dataLine(const korvo::QRCodeData& data, const Origin& origin) {
     JSONWriter json(Layout::oneLine);
     appendOrigin(json.beginObject(), origin);
-    return json.name("qrCodeData").text() + data.utf8JSON() + "}\n";
+    return json.name("qrCodeData").takeText() + data.utf8JSON() + "}\n";
 }
 
 std::string errorText(const korvo::QRCodeError& error) {

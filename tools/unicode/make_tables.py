@@ -2,8 +2,8 @@
 """Writes KorvoQRParser/Decoding/Text/CharacterTables.h from the Unicode Character Database.
 
 To move to the next Unicode level: install its data, change LEVEL, run this program into that file, and change the
-level in tests/icu/ICUTest.cpp. The tests then compare the result with an ICU of that level. What a character is decides every length in a payload, so a new level changes answers
-and is a release of its own."""
+level in tests/icu/ICUTest.cpp. The tests then compare the result with an ICU of that level. What a character is
+decides every length in a payload, so a new level changes answers and is a release of its own."""
 import sys
 
 LEVEL = "15.0.0"

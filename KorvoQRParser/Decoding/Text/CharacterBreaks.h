@@ -27,7 +27,7 @@ enum class BreakState : std::uint8_t {
     consonant,
     linkedConsonant,  ///< another consonant joins
 };
-inline constexpr std::size_t breakStateCount = 13;
+inline constexpr std::size_t breakStateCount = static_cast<std::size_t>(BreakState::linkedConsonant) + 1;
 
 namespace detail {
 

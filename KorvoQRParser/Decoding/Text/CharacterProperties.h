@@ -30,7 +30,7 @@ enum class BreakClass : std::uint8_t {
     pictograph,  ///< Extended_Pictographic
     consonant,   ///< a consonant that a virama can link
 };
-inline constexpr std::size_t breakClassCount = 18;
+inline constexpr std::size_t breakClassCount = static_cast<std::size_t>(BreakClass::consonant) + 1;
 
 /// The general categories that the character sets need.
 enum class CharacterGroup : std::uint8_t { other, letter, mark, decimalDigit, otherNumber, spaceSeparator };

@@ -62,13 +62,13 @@ namespace korvo {
 
 namespace detail {
 
-// The number of a code of the catalogue.
-constexpr unsigned char codeNumber(std::string_view code) noexcept {
-    unsigned number = 0;
-    for (const char digit : code) {
-        number = 10 * number + static_cast<unsigned char>(digit) - '0';
+// The number that a code writes without leading zeros; negative for any other text.
+constexpr int codeNumber(std::string_view code) noexcept {
+    int number = code.empty() || (code.size() > 1 && code.front() == '0') ? -1 : 0;
+    for (const char c : code) {
+        number = number < 0 || c < '0' || c > '9' ? -1 : 10 * number + (c - '0');
     }
-    return static_cast<unsigned char>(number);
+    return number;
 }
 
 }  // namespace detail
@@ -94,8 +94,9 @@ inline constexpr std::string_view additionalDataFieldTagCount = "47";
 
 /// The error codes of the catalogue as an enumeration, whose values are the codes' numbers:
 ///
-///     switch (*korvo::errorCodeFromText(code)) {
-///         case korvo::ErrorCode::crcInvalidValue: ...
+///     if (const auto known = korvo::errorCodeFromText(code)) {
+///         switch (*known) {
+///             case korvo::ErrorCode::crcInvalidValue: ...
 ///
 /// A later version may add some.
 enum class ErrorCode : unsigned char {

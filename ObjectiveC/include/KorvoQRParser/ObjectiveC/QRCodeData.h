@@ -54,8 +54,8 @@ KORVO_EXPORT
 + (KORVO_ARRAY_OF(NSString*) *)propertyNames;
 
 /// The record as 69 lines "name: value", each ended by a line feed: an absent text is nil, a flag true or
-/// false, nothing is quoted or escaped. npciid1 stands on two lines; npciid2 and additionalDataField stand on
-/// none. Made anew on every call.
+/// false, nothing is quoted or escaped. npciid1 appears on two lines; npciid2 and additionalDataField do not
+/// appear. Made anew on every call.
 - (NSString*)description;
 
 /// Merchant identifier (tag 02; "0" in the one-character format), as received.
