@@ -25,12 +25,12 @@ void KorvoPayMerchantTLVValidator::validateAdditionalDataField(const KorvoPayMer
     if (!holder.additionalDataField) {
         return;
     }
-    if (isLengthOutside(*holder.additionalDataField, 1, 99)) {
+    if (isLengthOutside(*holder.additionalDataField, Limits::additionalDataField)) {
         addErrorCode(Codes::additionalDataFieldInvalidLength);
     }
     for (const auto field : informationFields) {
         const Value& information = holder.*field;
-        if (information && isLengthOutside(*information, 1, 26)) {
+        if (information && isLengthOutside(*information, Limits::additionalDataInformation)) {
             addErrorCode(Codes::additionalDataInformationInvalidLength);
         }
     }
@@ -41,7 +41,8 @@ void KorvoPayMerchantTLVValidator::validateAdditionalConsumerDataReq(const Value
     static const NeverDestroyed<CharacterSet> allowed([] {
         return CharacterSet::characterSetWithCharactersInString("AME");  // address, mobile, e-mail
     });
-    if (request && (isLengthOutside(*request, 1, 3) || !consistsOfCharactersOf(request->text(), *allowed))) {
+    if (request && (isLengthOutside(*request, Limits::additionalConsumerDataRequest) ||
+                    !consistsOfCharactersOf(request->text(), *allowed))) {
         addErrorCode(Codes::additionalConsumerDataInvalidValue);
     }
 }

@@ -2,6 +2,7 @@
 #define KORVOQRPARSER_VALIDATION_KORVOPAYMERCHANTTLVVALIDATOR_H
 
 #include <KorvoQRParser/Decoding/KorvoPayMerchantTLV.h>
+#include <KorvoQRParser/Validation/Limits.h>
 #include <KorvoQRParser/Validation/Pattern.h>
 
 #include <array>
@@ -84,7 +85,7 @@ class KorvoPayMerchantTLVValidator {
 
     /// The limits of an amount, and the codes that are raised when it breaks them.
     struct AmountRule {
-        std::size_t longest;                           ///< in characters
+        Limits::Length length;
         bool (*isCorrect)(std::string_view) noexcept;  ///< whether the number itself is allowed
         std::string_view invalidLength;                ///< also for a letter
         std::string_view incorrectValue;               ///< also for a text that is not a number

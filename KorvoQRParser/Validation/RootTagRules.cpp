@@ -24,8 +24,8 @@ constexpr Pattern primaryIDPattern(StringConstants::PRIMARY_ID_REGEX);
 constexpr Pattern secondaryIDPattern(StringConstants::SECONDARY_ID_REGEX);
 static_assert(primaryIDPattern.fault() == nullptr && secondaryIDPattern.fault() == nullptr);
 
-bool isDigits(const CountedText& text, std::size_t count) {
-    return text.characterCount() == count && consistsOfCharactersOf(text.text(), decimalDigits());
+bool isDigits(const CountedText& text, Limits::Length length) {
+    return !isLengthOutside(text, length) && consistsOfCharactersOf(text.text(), decimalDigits());
 }
 
 // What a character adds to the sum of the Luhn test: a digit itself, or the digits of its double. Others add
@@ -74,7 +74,7 @@ void KorvoPayMerchantTLVValidator::validatePayloadFormatIndicator(const Value& p
     if (!payloadFormatIndicator) {
         return;
     }
-    if (!isDigits(*payloadFormatIndicator, 2)) {
+    if (!isDigits(*payloadFormatIndicator, Limits::payloadFormatIndicator)) {
         addErrorCode(Codes::payloadFormatIndicatorInvalidLength);
     } else if (*payloadFormatIndicator != "01") {
         addErrorCode(Codes::payloadFormatIndicatorInvalidValue);
@@ -88,8 +88,7 @@ bool KorvoPayMerchantTLVValidator::validateMerchantID(const Value& merchantID) {
         if (!merchantID->empty() && !beginsWith(*merchantID, '4')) {
             addErrorCode(Codes::merchantIdInvalidStartingDigit);
         }
-        if (isLengthOutside(*merchantID, 8, MerchantAccountNumber::fullLength) ||
-            !parseInteger(merchantID->text(), 10)) {
+        if (isLengthOutside(*merchantID, Limits::merchantID) || !parseInteger(merchantID->text(), 10)) {
             addErrorCode(Codes::merchantIdInvalidLength);
         } else if (isSame(substringWithOffsets(6, 8, *merchantID), "00")) {
             addErrorCode(Codes::merchantIdRedundantSequence);
@@ -108,7 +107,7 @@ bool KorvoPayMerchantTLVValidator::validateMerchantID(const Value& merchantID) {
 void KorvoPayMerchantTLVValidator::validateMerchantCategoryCode(const Value& merchantCategoryCode) {
     if (!merchantCategoryCode) {
         addErrorCode(Codes::merchantCategoryCodeNotPresent);
-    } else if (!isDigits(*merchantCategoryCode, 4)) {
+    } else if (!isDigits(*merchantCategoryCode, Limits::merchantCategoryCode)) {
         addErrorCode(Codes::merchantCategoryCodeInvalidLength);
     }
 }
@@ -119,7 +118,8 @@ void KorvoPayMerchantTLVValidator::validateCurrencyCode(const Value& currencyCod
         return;
     }
     // Digits of other scripts pass isDigits but not parseInteger, so they raise the code too.
-    const auto number = isDigits(*currencyCode, 3) ? parseInteger(currencyCode->text(), 10) : std::nullopt;
+    const auto number =
+        isDigits(*currencyCode, Limits::currencyCode) ? parseInteger(currencyCode->text(), 10) : std::nullopt;
     if (!number || ISOCountryCodes::findCurrency(*number) == nullptr) {
         addErrorCode(Codes::currencyCodeInvaidLength);
     }
@@ -130,13 +130,14 @@ void KorvoPayMerchantTLVValidator::validateTransactionAmount(const Value& transa
         return;
     }
     const bool isDigitsOnly = consistsOfCharactersOf(transactionAmount->text(), decimalDigits());
-    validateAmountText(*transactionAmount,
-                       {.longest = isDigitsOnly ? std::size_t{12} : std::size_t{13},
-                        .isCorrect = isAboveZero,
-                        .invalidLength = Codes::transactionAmountInvalidLength,
-                        .incorrectValue = Codes::transactionAmountIncorrectValue,
-                        .specialCharacters = Codes::transactionAmountContainsSpecialCharacters,
-                        .withoutValue = Codes::transactionAmountTagPresentWithoutAmountValue});
+    validateAmountText(
+        *transactionAmount,
+        {.length = isDigitsOnly ? Limits::transactionAmountOfDigits : Limits::transactionAmount,
+         .isCorrect = isAboveZero,
+         .invalidLength = Codes::transactionAmountInvalidLength,
+         .incorrectValue = Codes::transactionAmountIncorrectValue,
+         .specialCharacters = Codes::transactionAmountContainsSpecialCharacters,
+         .withoutValue = Codes::transactionAmountTagPresentWithoutAmountValue});
 }
 
 bool KorvoPayMerchantTLVValidator::validateAmount(const Value& amount) {
@@ -162,7 +163,7 @@ void KorvoPayMerchantTLVValidator::validateCountryCode(const Value& countryCode)
 void KorvoPayMerchantTLVValidator::validateMerchantName(const Value& merchantName) {
     if (!merchantName) {
         addErrorCode(Codes::merchantNameNotPresent);
-    } else if (isLengthOutside(*merchantName, 1, 25)) {
+    } else if (isLengthOutside(*merchantName, Limits::merchantName)) {
         addErrorCode(Codes::merchantNameInvalidLengthOrCharacters);
     }
 }
@@ -170,13 +171,13 @@ void KorvoPayMerchantTLVValidator::validateMerchantName(const Value& merchantNam
 void KorvoPayMerchantTLVValidator::validateCityName(const Value& cityName) {
     if (!cityName) {
         addErrorCode(Codes::cityNameNotPresent);
-    } else if (isLengthOutside(*cityName, 1, 13)) {
+    } else if (isLengthOutside(*cityName, Limits::cityName)) {
         addErrorCode(Codes::cityNameInvalidLengthOrCharacters);
     }
 }
 
 void KorvoPayMerchantTLVValidator::validatePostalCode(const Value& postalCode) {
-    if (postalCode && isLengthOutside(*postalCode, 1, 10)) {
+    if (postalCode && isLengthOutside(*postalCode, Limits::postalCode)) {
         addErrorCode(Codes::postalCodeIndicatorInvalidLength);
     }
 }

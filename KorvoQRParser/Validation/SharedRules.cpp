@@ -30,7 +30,7 @@ const CharacterSet& decimalDigits() {
 }
 
 void KorvoPayMerchantTLVValidator::validateAmountText(const CountedText& amount, const AmountRule& rule) {
-    if (isLengthOutside(amount, 1, rule.longest)) {
+    if (isLengthOutside(amount, rule.length)) {
         addErrorCode(rule.invalidLength);
     }
     if (!consistsOfCharactersOf(amount.text(), amountCharacters())) {
@@ -48,7 +48,7 @@ void KorvoPayMerchantTLVValidator::validateIdentifier(const Value& identifier, c
     if (!identifier) {
         return;
     }
-    if (isLengthOutside(*identifier, 1, 26)) {
+    if (isLengthOutside(*identifier, Limits::identifier)) {
         addErrorCode(rule.invalidLength);
     }
     if (identifier->empty()) {
@@ -57,7 +57,7 @@ void KorvoPayMerchantTLVValidator::validateIdentifier(const Value& identifier, c
     if (!beginsWith(*identifier, '?')) {
         return;
     }
-    if (identifier->characterCount() > 2) {
+    if (isLengthOutside(*identifier, Limits::placeholder)) {
         addErrorCode(rule.invalidLength);
     }
     if (identifier->characterCount() > 1 && !matchesRegex(identifier->text().substr(1), rule.pattern)) {

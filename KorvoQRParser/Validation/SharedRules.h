@@ -3,17 +3,16 @@
 
 #include <KorvoQRParser/Decoding/Text/CharacterSet.h>
 #include <KorvoQRParser/Decoding/Text/CountedText.h>
-
-#include <cstddef>
+#include <KorvoQRParser/Validation/Limits.h>
 
 namespace korvo {
 
 /// Every decimal digit, ASCII or not; built on first use.
 const CharacterSet& decimalDigits();
 
-/// Whether the text has fewer than `shortest` or more than `longest` characters.
-inline bool isLengthOutside(const CountedText& text, std::size_t shortest, std::size_t longest) noexcept {
-    return text.characterCount() < shortest || text.characterCount() > longest;
+/// Whether the text has fewer or more characters than the limits allow.
+inline bool isLengthOutside(const CountedText& text, Limits::Length limits) noexcept {
+    return text.characterCount() < limits.shortest || text.characterCount() > limits.longest;
 }
 
 }  // namespace korvo

@@ -71,7 +71,7 @@ void KorvoPayMerchantTLVValidator::validatePercentageFee(const KorvoPayMerchantT
 }
 
 void KorvoPayMerchantTLVValidator::validateConvenienceFeeAmount(const CountedText& amount) {
-    validateAmountText(amount, {.longest = 9,
+    validateAmountText(amount, {.length = Limits::convenienceFeeAmount,
                                 .isCorrect = isAboveZero,
                                 .invalidLength = Codes::convenienceFeeAmountInvalidLength,
                                 .incorrectValue = Codes::convenienceFeeAmountIncorrectValue,
@@ -81,7 +81,7 @@ void KorvoPayMerchantTLVValidator::validateConvenienceFeeAmount(const CountedTex
 
 void KorvoPayMerchantTLVValidator::validateConvenienceFeePercentage(const CountedText& percentage) {
     validateAmountText(percentage,
-                       {.longest = 5,
+                       {.length = Limits::convenienceFeePercentage,
                         .isCorrect = isPercentage,
                         .invalidLength = Codes::convenienceFeePercentageInvalidLength,
                         .incorrectValue = Codes::convenienceFeePercentageIncorrectValue,
