@@ -1,47 +1,49 @@
-// Explains why a payload is refused: prints the code, the name, the tag and the meaning of each violated
-// rule. Usage: explain PAYLOAD
+// Says why a payload is refused: the likeliest cause, the violated rules, and whether it can be repaired.
+// Usage: explain PAYLOAD
 
 #include <KorvoQRParser/KorvoQRParser.h>
 
 #include <iostream>
-#include <string_view>
+#include <string>
 
 namespace {
 
-void explain(std::string_view code, bool isTwoDigitFormat) {
-    const korvo::ErrorCatalogueEntry* const entry = korvo::findErrorCatalogueEntry(code);
-    if (entry == nullptr) {
-        // This program may run with a newer library than it was built with.
-        std::cout << "  " << code << ": a rule that this program does not know\n";
-        return;
+void show(const korvo::QRCodeViolation& violation, const std::string& tag) {
+    std::cout << "  " << tag << "code " << violation.code() << ": " << violation.meaning();
+    if (!violation.fact().empty()) {
+        std::cout << " Here: " << violation.fact() << '.';
     }
-    const std::string_view tag = isTwoDigitFormat ? entry->twoDigitTag : entry->oneCharacterTag;
-    std::cout << "  " << code << " (" << entry->name << ')';
-    if (tag != "any") {
-        std::cout << ", tag " << tag;
+    std::cout << '\n';
+}
+
+void show(const korvo::QRCodeElement& element) {
+    for (const auto& violation : element.violations()) {
+        show(violation, "tag " + element.name() + ", ");
     }
-    std::cout << ": " << entry->meaning << '\n';
+    for (const auto& inside : element.elements()) {
+        show(inside);
+    }
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::cerr << "Usage: explain PAYLOAD\n";
-        return 2;
-    }
-    const std::string_view payload = argv[1];
-    const auto response = korvo::QRCodeParser::parseQRData(payload);
-    if (response.qrCodeData()) {
+    const auto explanation = korvo::QRCodeExplainer::explainQRData(argc > 1 ? argv[1] : "");
+    if (explanation.isAccepted()) {
         std::cout << "Accepted: every rule is kept.\n";
         return 0;
     }
-    const auto& codes = response.qrCodeError()->errorCodes();
-    const bool isTwoDigitFormat = payload.substr(0, 2) == "00";
-    std::cout << "Refused, in the " << (isTwoDigitFormat ? "two-digit" : "one-character") << " format, by "
-              << codes.size() << (codes.size() == 1 ? " rule:\n" : " rules:\n");
-    for (const std::string_view code : codes) {
-        explain(code, isTwoDigitFormat);
+    std::cout << "Refused. " << explanation.causes().front() << '\n';
+    for (const auto& element : explanation.elements()) {
+        show(element);
+    }
+    for (const auto& violation : explanation.missing()) {
+        show(violation, "");
+    }
+    if (!explanation.repairs().empty()) {
+        std::cout << "It can be repaired, and the checksum vouches for the repair.\n";
+    } else if (!explanation.unverified().empty()) {
+        std::cout << "It could be repaired. " << explanation.unverified().front().caution() << '\n';
     }
     return 1;
 }

@@ -1,5 +1,9 @@
 #include "Payloads.h"
+#include <KorvoQRParser/Decoding/CRC.h>
+#include <KorvoQRParser/Decoding/TagRow.h>
+#include <KorvoQRParser/Decoding/Text/UTF8.h>
 
+#include <algorithm>
 #include <chrono>
 #include <tuple>
 
@@ -53,7 +57,48 @@ TEST(Hostile, HugeTextsAreAnsweredAtOnceAndInPlace) {
         // A quadratic algorithm would take days. A refusal needs no copy of the text, a record needs one.
         EXPECT_LT(seconds, 60) << head << " and " << unit;
         EXPECT_LT(peakMegabytes() - before, codes.empty() ? 120 : 16) << head << " and " << unit;
+        // An explanation holds copies of the payload and of its values.
+        EXPECT_EQ(QRCodeExplainer::explainQRData(payload).errorCodes(), codes);
+        EXPECT_LT(peakMegabytes() - before, 220) << head << " and " << unit;
     }
+}
+
+// Seconds of the fastest of some runs.
+template <class Work>
+double fastest(Work work) {
+    double least = 1e9;
+    for (int run = 0; run < 5; ++run) {
+        const auto start = std::chrono::steady_clock::now();
+        work();
+        const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+        least = std::min(least, taken.count());
+    }
+    return least;
+}
+
+TEST(Hostile, ExplanationsAreQuick) {
+    for (const std::string head : {"", "000201", "0002015902", "000201590163"}) {
+        for (const std::string unit :
+             {"0", "7", " ", "\n", "%30", "https", "\xCC\x81", "\xF0\x9F\x91\xA9\xE2\x80\x8D",
+              "\xE0\xA4\x95\xE0\xA5\x8D", "0102", "6304ABCD", "5902ab6304"}) {
+            std::string payload = head;
+            while (payload.size() < 1'000'000) {
+                payload += unit;
+            }
+            std::size_t answers = 0;
+            const double floor = fastest([&] { answers += isUTF8(payload) + computeCRC16(payload); });
+            const double explained =
+                fastest([&] { answers += QRCodeExplainer::explainQRData(payload).causes().size(); });
+            EXPECT_GT(answers, 0U);
+            EXPECT_LT(explained, 20 * floor) << head << " and " << unit;
+        }
+    }
+    // A text that nearly splits in many ways: the search for wrong lengths gives up.
+    std::string nearly = "000201";
+    for (unsigned tag = 1; tag < 62; ++tag) {
+        nearly += std::string(twoDigitText(tag)) + "10" + "0101010101";
+    }
+    EXPECT_LT(fastest([&] { EXPECT_FALSE(QRCodeExplainer::explainQRData(nearly).isAccepted()); }), 1);
 }
 
 TEST(Hostile, CutOrChangedPayloadsAreNeverAccepted) {

@@ -96,8 +96,9 @@ for document in $documents; do
 done
 
 echo "the rooms know each other in one direction only"
-for arrow in "Decoding/Text Decoding/(?!Text/)|Validation|Parser|Model" "Decoding Validation|Parser|Model" \
-    "Model Parser|Validation|Decoding/(?!Text/)" "Validation Parser|Model"; do
+for arrow in "Decoding/Text Decoding/(?!Text/)|Validation|Parser|Model|Explanation" \
+    "Decoding Validation|Parser|Model|Explanation" "Model Parser|Validation|Decoding/(?!Text/)|Explanation" \
+    "Validation Parser|Model|Explanation" "Parser Explanation"; do
     for folder in "$source"/KorvoQRParser/{,include/KorvoQRParser/}"${arrow%% *}"; do
         [[ -d $folder ]] || continue
         if grep -rnP "#include <KorvoQRParser/(${arrow#* })" "$folder"; then

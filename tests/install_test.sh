@@ -29,7 +29,9 @@ interface() {
     {
         printf '#include <%s>\n' cstdio KorvoQRParser/KorvoQRParser.h
         echo 'int main() {'
-        printf 'std::printf("%%zu bytes: %s\\n", sizeof(korvo::%s));\n' QRCodeData{,} QRCodeError{,} QRCodeParserResponse{,}
+        for class in QRCode{Checksum,Data,Edit,Element,Error,Explanation,Fault,ParserResponse,Repair,Violation}; do
+            printf 'std::printf("%%zu bytes: %s\\n", sizeof(korvo::%s));\n' "$class" "$class"
+        done
         echo '}'
     } > "$work/sizes.cpp"
     "$compiler" -std=c++17 -I "$prefix/include" "$work/sizes.cpp" -o "$work/sizes"

@@ -36,10 +36,10 @@ constexpr auto crcTables = makeCRCTables();
 
 }  // namespace
 
-std::uint16_t computeCRC16(std::string_view text) noexcept {
+std::uint16_t computeCRC16(std::string_view text, std::uint16_t start) noexcept {
     const auto* bytes = reinterpret_cast<const unsigned char*>(text.data());
     std::size_t left = text.size();
-    unsigned crc = 0xFFFF;
+    unsigned crc = start;
     for (; left >= stride; left -= stride, bytes += stride) {
         crc = crcTables[7][bytes[0] ^ (crc >> 8U)] ^ crcTables[6][bytes[1] ^ (crc & 0xFFU)] ^
               crcTables[5][bytes[2]] ^ crcTables[4][bytes[3]] ^ crcTables[3][bytes[4]] ^

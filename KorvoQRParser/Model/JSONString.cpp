@@ -11,8 +11,12 @@ bool needsEscape(char c) noexcept {
 }
 
 void appendEscape(std::string& json, char c) {
-    constexpr std::string_view named = "\"\\\b\f\n\r\t";
-    constexpr std::string_view names = "\"\\bfnrt";
+    if (c == '"' || c == '\\') {
+        json += {'\\', c};
+        return;
+    }
+    constexpr std::string_view named = "\b\f\n\r\t";
+    constexpr std::string_view names = "bfnrt";
     constexpr std::string_view digits = "0123456789ABCDEF";
     json += '\\';
     if (const std::size_t position = named.find(c); position != std::string_view::npos) {

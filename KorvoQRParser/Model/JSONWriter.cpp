@@ -10,12 +10,17 @@ namespace {
 
 std::string withReplacements(std::string_view text) {
     std::string result;
+    result.reserve(text.size() + text.size() / 2);
+    std::size_t written = 0;
     for (std::size_t offset = 0; offset < text.size();) {
         const std::size_t start = offset;
-        const bool isValid = nextCodePoint(text, offset) >= 0;
-        result += isValid ? text.substr(start, offset - start) : "\xEF\xBF\xBD";
+        if (nextCodePoint(text, offset) < 0) {
+            result.append(text, written, start - written);
+            result += "\xEF\xBF\xBD";
+            written = offset;
+        }
     }
-    return result;
+    return result.append(text, written);
 }
 
 }  // namespace

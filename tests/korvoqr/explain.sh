@@ -24,6 +24,6 @@ korvoqr explain --format json -i examples > answers || (($? == 1))
 jq -es 'all(.errorCodes != [] and (.errorCodes | unique) ==
     ([.absent[].code, (.elements[] | ., .elements[]? | .errors[].code)] | unique))' answers > explained
 
-{ echo "$faulty"; sed -n '2p; 7p; /^0002015999/p; $p' payloads; } > some
+{ echo "$faulty"; sed -n '2p; 7p; /^0002015999/p; /^0002015920/p; /5912KORVO/p; /540650/p' payloads; } > some
 printf '0a41234567841cKORVO\x1B[31m\xC2\x9B\U000E004124581236MUMBAI42IN53356' > hostile
 replay explain

@@ -1,5 +1,4 @@
 #include "Commands.h"
-#include "Explanation.h"
 #include "ExplanationRendering.h"
 #include "InputRun.h"
 #include "PayloadInput.h"
@@ -32,8 +31,8 @@ class ExplainRun {
 
   private:
     void explainOne(std::string_view payload, const Origin& origin) {
-        const Explanation explanation = explain(payload);
-        if (!explanation.codes.empty()) {
+        const auto explanation = korvo::QRCodeExplainer::explainQRData(payload);
+        if (!explanation.isAccepted()) {
             run_.noteRejected();
         }
         switch (format_) {
@@ -47,7 +46,7 @@ class ExplainRun {
         }
     }
 
-    void writeText(const Explanation& explanation, const Origin& origin) {
+    void writeText(const korvo::QRCodeExplanation& explanation, const Origin& origin) {
         if (!std::exchange(isFirst_, false)) {
             run_.output().write("\n");
         }
@@ -57,7 +56,7 @@ class ExplainRun {
         run_.output().write(explanationText(explanation, style_));
     }
 
-    void writeJSON(const Explanation& explanation, const Origin& origin) {
+    void writeJSON(const korvo::QRCodeExplanation& explanation, const Origin& origin) {
         const std::string json = explanationJSON(explanation, origin);
         run_.output().write(isForPerson_ ? harmlessJSON(json) : json);
     }

@@ -1,22 +1,21 @@
 #ifndef KORVOQR_EXPLANATIONRENDERING_H
 #define KORVOQR_EXPLANATIONRENDERING_H
 
-#include "Explanation.h"
 #include "Origin.h"
 #include "Terminal.h"
+#include <KorvoQRParser/KorvoQRParser.h>
 
 #include <string>
-#include <string_view>
 
 namespace korvoqr {
 
-/// The explanation for a person: a verdict, a table of the elements with the codes below each, the rules
-/// about missing elements, and the fault with its place. Ends with a line feed.
-std::string explanationText(const Explanation& explanation, const Style& style);
+/// The explanation for a person: a verdict, the likeliest cause, a table of the elements with the codes below
+/// each, the rules about missing elements, the fault with its place, and the repair. Ends with a line feed.
+std::string explanationText(const korvo::QRCodeExplanation& explanation, const Style& style);
 
-/// The same facts for a program: one JSON object on one line. If the payload comes from a picture, the object
-/// begins with the file and the number of the code in it. Bytes that are not UTF-8 become U+FFFD.
-std::string explanationJSON(const Explanation& explanation, const Origin& origin);
+/// The library's JSON, on a line. If the payload comes from a picture, the object begins with the file and
+/// the number of the code in it.
+std::string explanationJSON(const korvo::QRCodeExplanation& explanation, const Origin& origin);
 
 }  // namespace korvoqr
 

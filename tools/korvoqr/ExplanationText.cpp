@@ -1,10 +1,17 @@
 #include "ExplanationRendering.h"
+#include "LibraryInternals.h"
 
 #include <algorithm>
 
 namespace korvoqr {
 
 namespace {
+
+using korvo::QRCodeElement;
+using korvo::QRCodeExplanation;
+using korvo::QRCodeFault;
+using korvo::QRCodeRepair;
+using korvo::QRCodeViolation;
 
 // The columns of the table begin here; the offset is in column 0.
 constexpr std::size_t tagColumn = 8;
@@ -20,39 +27,46 @@ std::string blanks(std::size_t count) {
 
 class Page {
   public:
-    Page(const Explanation& explanation, const Style& style) : explanation_(explanation), style_(style) {}
+    Page(const QRCodeExplanation& explanation, const Style& style)
+        : explanation_(explanation), style_(style) {}
 
     std::string text() {
         addVerdict();
-        if (!explanation_.elements.empty()) {
+        if (!explanation_.causes().empty()) {
+            text_ += '\n';
+            addColumn(harmless(explanation_.causes().front()), 0, true);
+        }
+        if (!explanation_.elements().empty()) {
             addElements();
         }
-        if (!explanation_.absent.empty()) {
+        if (!explanation_.missing().empty()) {
             text_ += "\nMissing elements:\n";
-            for (const auto* const entry : explanation_.absent) {
-                addViolation(*entry, 2);
+            for (const QRCodeViolation& violation : explanation_.missing()) {
+                addViolation(violation, 2);
             }
         }
-        if (explanation_.fault) {
-            addFault(*explanation_.fault);
+        if (const QRCodeFault* const fault = explanation_.fault()) {
+            addFault(*fault);
         }
+        addRepair();
         return std::move(text_);
     }
 
   private:
     void addVerdict() {
-        const auto& codes = explanation_.codes;
+        const auto& codes = explanation_.errorCodes();
         if (codes.empty()) {
             text_ += painted(style_, Paint::good, "Accepted");
-        } else if (explanation_.fault) {
+        } else if (explanation_.fault() != nullptr) {
             text_ += painted(style_, Paint::fault, "Refused with code 0: it cannot be split into elements");
         } else {
             text_ += painted(
                 style_, Paint::fault,
                 "Refused with " + std::to_string(codes.size()) + (codes.size() == 1 ? " code" : " codes"));
         }
-        if (explanation_.isTwoDigit) {
-            text_ += *explanation_.isTwoDigit ? " (two-digit format)" : " (one-character format)";
+        if (const auto format = explanation_.format()) {
+            const bool isTwoDigit = *format == korvo::QRCodeFormat::twoDigit;
+            text_ += isTwoDigit ? " (two-digit format)" : " (one-character format)";
         }
         text_ += '\n';
     }
@@ -60,9 +74,14 @@ class Page {
     void addElements() {
         text_ += '\n';
         addHeading();
-        for (std::size_t i = 0; i < explanation_.elements.size(); ++i) {
-            const auto& elements = explanation_.elements;
-            addElement(elements[i], i + 1 < elements.size() && elements[i + 1].isInsideAdditionalData);
+        for (const QRCodeElement& element : explanation_.elements()) {
+            const auto& inside = element.elements();
+            // The elements inside follow as rows of their own, in place of the value.
+            addElement(element, std::string(element.tag()), inside.empty());
+            for (const QRCodeElement& inner : inside) {
+                const std::string branch = &inner == &inside.back() ? "└─ " : "├─ ";
+                addElement(inner, style_.boxes ? branch + inner.tag() : inner.name(), true);
+            }
         }
     }
 
@@ -94,21 +113,15 @@ class Page {
         return line;
     }
 
-    void addElement(const ExplainedElement& element, bool isFollowedInside) {
-        const std::string offset = rightAligned(std::to_string(element.offset), tagColumn - gap);
+    void addElement(const QRCodeElement& element, const std::string& tag, bool hasValue) {
+        const std::string offset = rightAligned(std::to_string(element.offset()), tagColumn - gap);
         text_ += painted(style_, Paint::dim, offset + blanks(gap));
-        std::string tag = element.isInsideAdditionalData ? element.name : std::string(element.tag);
-        if (element.isInsideAdditionalData && style_.boxes) {
-            tag = (isFollowedInside ? "├─ " : "└─ ") + std::string(element.tag);
-        }
         text_ += padded(tag, lengthColumn - tagColumn);
-        text_ += padded(visible(element.length), meaningColumn - lengthColumn);
-        text_ += padded(element.meaning, valueColumn - meaningColumn);
-        // The elements inside follow as rows of their own.
-        const bool isOpened = isFollowedInside && !element.isInsideAdditionalData;
-        addColumn(isOpened ? "" : inQuotes(element.value.text()), valueColumn, false);
-        for (const auto* const entry : element.violations) {
-            addViolation(*entry, meaningColumn);
+        text_ += padded(visible(element.length()), meaningColumn - lengthColumn);
+        text_ += padded(element.meaning(), valueColumn - meaningColumn);
+        addColumn(hasValue ? inQuotes(element.value()) : "", valueColumn, false);
+        for (const QRCodeViolation& violation : element.violations()) {
+            addViolation(violation, meaningColumn);
         }
     }
 
@@ -129,37 +142,72 @@ class Page {
         text_ += '\n';
     }
 
-    void addViolation(const korvo::ErrorCatalogueEntry& entry, std::size_t column) {
+    void addViolation(const QRCodeViolation& violation, std::size_t column) {
         std::string mark = style_.boxes ? "✗ " : "! ";
         const std::size_t textColumn = column + displayWidth(mark);
-        const std::string code = std::string(entry.code) + ' ' + std::string(entry.name);
+        const std::string code = violation.code() + ' ' + std::string(violation.name());
         for (const std::string_view line : wrapped(code, style_.widthFrom(textColumn), true)) {
             text_ += blanks(column) + painted(style_, Paint::fault, mark + std::string(line)) + '\n';
             mark = blanks(textColumn - column);
         }
-        std::string meaning(entry.meaning);
-        if (entry.code == korvo::KorvoErrorConstants::crcInvalidValue && explanation_.computedChecksum) {
-            meaning += " Found: " + inQuotes(explanation_.elements.back().value.text()) +
-                       "; the payload should end with " + std::string(checksumHead) +
-                       *explanation_.computedChecksum + '.';
+        std::string meaning(violation.meaning());
+        if (!violation.fact().empty()) {
+            meaning += " Here: " + harmless(violation.fact()) + '.';
         }
         text_ += blanks(textColumn);
         addColumn(meaning, textColumn, true);
     }
 
-    void addFault(const ExplainedFault& fault) {
+    void addFault(const QRCodeFault& fault) {
         text_ += '\n';
-        addColumn(
-            std::string(fault.error) + " at offset " + std::to_string(fault.offset) + ": " + fault.reason, 0,
-            true);
-        const std::string_view before = fitting(fault.before, true);
-        const std::string_view after = fitting(fault.after, false);
-        const bool isBeginning = before.data() == explanation_.payload.data();
-        const bool isEnd =
-            after.data() + after.size() == explanation_.payload.data() + explanation_.payload.size();
-        const std::string head = (isBeginning ? "  " : "  ...") + visible(before);
-        text_ += head + visible(after) + (isEnd ? "\n" : "...\n");
+        std::string kind(fault.kindText());
+        kind[0] = korvo::asciiUpperCase(kind[0]);
+        addColumn(kind + " at offset " + std::to_string(fault.offset()) + ": " + harmless(fault.reason()), 0,
+                  true);
+        const std::string_view payload = explanation_.payload();
+        const std::size_t place = placeOf(fault);
+        const std::string_view before = fitting(fault.before(), true);
+        const std::string_view after = fitting(fault.after(), false);
+        const std::string head = (place == before.size() ? "  " : "  ...") + visible(before);
+        text_ += head + visible(after) + (place + after.size() == payload.size() ? "\n" : "...\n");
         text_ += blanks(displayWidth(head)) + painted(style_, Paint::fault, "^") + '\n';
+    }
+
+    // The bytes before the fault.
+    std::size_t placeOf(const QRCodeFault& fault) const {
+        korvo::CharacterReader characters(explanation_.payload());
+        const bool isWhole = characters.take(fault.offset()).has_value();
+        return fault.byteOffset().value_or(isWhole ? characters.offset() : fault.before().size());
+    }
+
+    // The likeliest repair. Its payload is shown on one line of its own, so that it can be copied.
+    void addRepair() {
+        const bool isVouched = !explanation_.repairs().empty();
+        const auto& repairs = isVouched ? explanation_.repairs() : explanation_.unverified();
+        if (repairs.empty()) {
+            return;
+        }
+        text_ += isVouched ? "\nRepaired, as the checksum confirms:\n"
+                           : "\nPerhaps it was this, but that is not verified:\n";
+        const QRCodeRepair& repair = repairs.front();
+        if (!repair.caution().empty()) {
+            text_ += "  ";
+            addColumn(harmless(repair.caution()), 2, true);
+        }
+        text_ += "  " + visible(repair.payload()) + '\n';
+        for (const korvo::QRCodeEdit& edit : repair.edits()) {
+            text_ += "  ";
+            addColumn(sentenceOf(edit), 2, true);
+        }
+    }
+
+    static std::string sentenceOf(const korvo::QRCodeEdit& edit) {
+        const std::string place = "offset " + std::to_string(edit.offset()) + ": ";
+        if (edit.from().empty()) {
+            return place + inQuotes(edit.to()) + " is inserted";
+        }
+        return place + inQuotes(edit.from()) +
+               (edit.to().empty() ? " is left out" : " becomes " + inQuotes(edit.to()));
     }
 
     // As many code points from the end, or from the beginning, of a text as fit on one side of the caret.
@@ -179,15 +227,27 @@ class Page {
         return text;
     }
 
-    const Explanation& explanation_;
+    const QRCodeExplanation& explanation_;
     Style style_;
     std::string text_;
 };
 
 }  // namespace
 
-std::string explanationText(const Explanation& explanation, const Style& style) {
+std::string explanationText(const QRCodeExplanation& explanation, const Style& style) {
     return Page(explanation, style).text();
+}
+
+std::string explanationJSON(const QRCodeExplanation& explanation, const Origin& origin) {
+    const std::string json = explanation.utf8JSON() + '\n';
+    if (!origin.isPicture()) {
+        return json;
+    }
+    korvo::JSONWriter picture(korvo::JSONWriter::Layout::oneLine);
+    picture.beginObject();
+    picture.name("file").string(origin.file);
+    picture.name("code").number(origin.code);
+    return picture.text() + ',' + json.substr(1);
 }
 
 }  // namespace korvoqr

@@ -21,6 +21,8 @@
 /// Start with QRCodeParser. QRCodeData is the record, and QRCodeDataProperties.h lists its properties, and
 /// KorvoErrorConstants.h lists the codes.
 
+#include <KorvoQRParser/Explanation/QRCodeExplainer.h>
+#include <KorvoQRParser/Explanation/QRCodeExplanation.h>
 #include <KorvoQRParser/KorvoQRParserExport.h>
 #include <KorvoQRParser/KorvoQRParserVersion.h>
 #include <KorvoQRParser/Model/QRCodeData.h>

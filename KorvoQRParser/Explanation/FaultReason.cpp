@@ -1,6 +1,8 @@
-#include "FaultExplanation.h"
-
-#include "Terminal.h"
+#include <KorvoQRParser/Decoding/Text/UTF8.h>
+#include <KorvoQRParser/Explanation/ExplanationFacts.h>
+#include <KorvoQRParser/Explanation/FaultReason.h>
+#include <KorvoQRParser/Explanation/Violations.h>
+#include <KorvoQRParser/Explanation/VisibleText.h>
 
 #include <algorithm>
 #include <array>
@@ -8,18 +10,18 @@
 #include <cstdint>
 #include <string>
 
-namespace korvoqr {
+namespace korvo {
 
 namespace {
 
-using korvo::TLVDecodingError;
-using korvo::TLVFault;
-using Elements = std::vector<ExplainedElement>;
+using Elements = std::vector<WalkedElement>;
+using Kind = QRCodeFaultKind;
 
 constexpr std::int64_t shortestPayload = 2;  // characters
 
 struct Finding {
-    const char* position = nullptr;  // in the payload
+    Kind kind;
+    const char* position;  // in the payload
     std::string reason;
 };
 
@@ -42,38 +44,34 @@ std::string_view nameOf(TLVDecodingError error) {
     return name;
 }
 
-std::string counted(std::int64_t count, std::string_view noun) {
-    return std::to_string(count) + ' ' + std::string(noun) + (count == 1 ? "" : "s");
-}
-
 std::string remaining(std::int64_t count) {
     return count == 0 ? "nothing is left"
-                      : "only " + counted(count, "character") + (count == 1 ? " is left" : " are left");
+                      : "only " + counted(static_cast<std::size_t>(count), "character") +
+                            (count == 1 ? " is left" : " are left");
 }
 
 bool isTwoDigit(const TLVFault& fault) {
-    return fault.format.fieldWidth == korvo::twoDigitFormat.fieldWidth;
+    return fault.format.fieldWidth == twoDigitFormat.fieldWidth;
 }
 
 Finding repeatedTag(const Elements& elements, const TLVFault& fault) {
     const std::string_view tag = fault.element.tag;
-    const auto first = std::find_if(elements.begin(), elements.end(), [&](const ExplainedElement& element) {
+    const auto first = std::find_if(elements.begin(), elements.end(), [&](const WalkedElement& element) {
         return element.isInsideAdditionalData == fault.isInsideAdditionalData &&
-               std::equal(tag.begin(), tag.end(), element.tag.begin(), element.tag.end(), [](char a, char b) {
-                   return korvo::asciiLowerCase(a) == korvo::asciiLowerCase(b);
-               });
+               std::equal(tag.begin(), tag.end(), element.element.tag.begin(), element.element.tag.end(),
+                          [](char a, char b) { return asciiLowerCase(a) == asciiLowerCase(b); });
     });
     std::string reason = "tag " + inQuotes(tag) + " is repeated";
     if (first != elements.end()) {
         reason += "; it first occurs at offset " + std::to_string(first->offset);
     }
-    return {tag.data(), reason};
+    return {Kind::repeatedTag, tag.data(), reason};
 }
 
 // The first and the last of consecutive tags: "00 to 63"; for tags of one character "0 to 9, A and B".
 template <std::size_t count>
-std::string boundsOf(const std::array<korvo::TagRow, count>& rows) {
-    const auto isDigit = [](const korvo::TagRow& row) { return row.rawValue[0] <= '9'; };
+std::string boundsOf(const std::array<TagRow, count>& rows) {
+    const auto isDigit = [](const TagRow& row) { return row.rawValue[0] <= '9'; };
     const auto firstLetter = std::find_if_not(rows.begin(), rows.end(), isDigit);
     std::string bounds =
         std::string(rows.front().rawValue) + " to " + std::string((firstLetter - 1)->rawValue);
@@ -87,27 +85,29 @@ std::string boundsOf(const std::array<korvo::TagRow, count>& rows) {
 
 Finding unknownTag(const TLVFault& fault) {
     const std::string_view tag = fault.element.tag;
-    const std::string bounds = fault.isInsideAdditionalData ? boundsOf(korvo::tlv01SubTagRows)
-                               : isTwoDigit(fault)          ? boundsOf(korvo::tlv01TagRows)
-                                                            : boundsOf(korvo::tlv00TagRows);
-    return {tag.data(), "tag " + inQuotes(tag) + " is unknown; tags are " + bounds};
+    const std::string bounds = fault.isInsideAdditionalData ? boundsOf(tlv01SubTagRows)
+                               : isTwoDigit(fault)          ? boundsOf(tlv01TagRows)
+                                                            : boundsOf(tlv00TagRows);
+    return {Kind::unknownTag, tag.data(), "tag " + inQuotes(tag) + " is unknown; tags are " + bounds};
 }
 
 // All elements are well-formed, but the last one is not the checksum.
 Finding wrongEnd(const Elements& elements, const TLVFault& fault) {
-    const auto isChecksum = [](const ExplainedElement& element) { return element.name == checksumTag; };
+    const auto isChecksum = [](const WalkedElement& element) { return element.name == checksumTag; };
     const auto checksum = std::find_if(elements.begin(), elements.end(), isChecksum);
     if (checksum == elements.end()) {
-        return {fault.rest.data(), "the payload ends without its checksum, tag " + std::string(checksumTag)};
+        return {Kind::missingChecksum, fault.rest.data(),
+                "the payload ends without its checksum, tag " + std::string(checksumTag)};
     }
-    const std::string_view next = (checksum + 1)->tag;
-    return {next.data(), "tag " + inQuotes(next) + " follows the checksum, tag " + std::string(checksumTag) +
-                             ", which must be last"};
+    const std::string_view next = (checksum + 1)->element.tag;
+    return {Kind::checksumNotLast, next.data(),
+            "tag " + inQuotes(next) + " follows the checksum, tag " + std::string(checksumTag) +
+                ", which must be last"};
 }
 
 Finding invalidTag(const Elements& elements, const TLVFault& fault) {
     // A walk visits only elements with a known tag.
-    const bool isKnown = !elements.empty() && elements.back().tag.data() >= fault.element.tag.data();
+    const bool isKnown = !elements.empty() && elements.back().element.tag.data() >= fault.element.tag.data();
     return isKnown ? wrongEnd(elements, fault) : unknownTag(fault);
 }
 
@@ -115,10 +115,10 @@ Finding invalidTag(const Elements& elements, const TLVFault& fault) {
 Finding malformedBytes(std::string_view text) {
     std::size_t start = 0;
     std::size_t end = 0;
-    while (end < text.size() && korvo::nextCodePoint(text, end) >= 0) {
+    while (end < text.size() && nextCodePoint(text, end) >= 0) {
         start = end;
     }
-    return {text.data() + start, "these bytes are not UTF-8"};
+    return {Kind::notText, text.data() + start, "these bytes are not UTF-8"};
 }
 
 Finding wrongLength(const TLVFault& fault, std::int64_t length, std::int64_t left) {
@@ -126,7 +126,7 @@ Finding wrongLength(const TLVFault& fault, std::int64_t length, std::int64_t lef
     std::string reason = "length ";
     if (length >= format.minimumLength) {
         const bool isLetter = length > 9 && !isTwoDigit(fault);
-        reason += visible(element.length);
+        reason += element.length;
         reason += isLetter ? " (" + std::to_string(length) + ')' : "";
         reason += ", but " + remaining(left);
     } else if (length == 0) {
@@ -135,7 +135,7 @@ Finding wrongLength(const TLVFault& fault, std::int64_t length, std::int64_t lef
         reason += inQuotes(element.length) + " is not " +
                   (isTwoDigit(fault) ? "a number from 01 to 99" : "a digit of base 36 (0 to 9, a to z)");
     }
-    return {element.length.data(), reason};
+    return {Kind::wrongLength, element.length.data(), reason};
 }
 
 // The number of characters that the walk was about to read.
@@ -153,7 +153,7 @@ std::int64_t wantedCharacters(const TLVFault& fault) {
 Finding wrongShape(const TLVFault& fault) {
     const auto& [error, format, isInside, element, rest] = fault;
     const std::int64_t wanted = wantedCharacters(fault);
-    korvo::CharacterReader characters(rest);
+    CharacterReader characters(rest);
     std::int64_t left = 0;
     while (left < wanted && characters.take(1)) {
         ++left;
@@ -162,61 +162,64 @@ Finding wrongShape(const TLVFault& fault) {
         return malformedBytes(characters.rest());
     }
     if (error == TLVDecodingError::InvalidLength) {
-        return {rest.data(), "a payload has at least " + counted(shortestPayload, "character") +
-                                 ", but this one has " + std::to_string(left)};
+        return {Kind::tooShort, rest.data(),
+                "a payload has at least " + counted(shortestPayload, "character") + ", but this one has " +
+                    std::to_string(left)};
     }
     if (element.tag.empty()) {
-        return {rest.data(), "a tag takes " + counted(wanted, "character") + ", but " + remaining(left)};
+        return {Kind::endsEarly, rest.data(),
+                "a tag takes " + counted(wanted, "character") + ", but " + remaining(left)};
     }
     if (element.length.empty()) {
-        return {rest.data(), "the length of tag " + inQuotes(element.tag) + " takes " +
-                                 counted(wanted, "character") + ", but " + remaining(left)};
+        return {Kind::endsEarly, rest.data(),
+                "the length of tag " + inQuotes(element.tag) + " takes " + counted(wanted, "character") +
+                    ", but " + remaining(left)};
     }
     return wrongLength(fault, format.readLength(element.length), left);
 }
 
 Finding findingOf(const Elements& elements, const TLVFault& fault) {
-    Finding finding{};
     switch (fault.error) {
         case TLVDecodingError::RepeatedTag:
-            finding = repeatedTag(elements, fault);
-            break;
+            return repeatedTag(elements, fault);
         case TLVDecodingError::InvalidTag:
-            finding = invalidTag(elements, fault);
-            break;
+            return invalidTag(elements, fault);
         case TLVDecodingError::InvalidLength:
         case TLVDecodingError::InvalidTagLength:
-            finding = wrongShape(fault);
             break;
     }
-    return finding;
+    return wrongShape(fault);
 }
 
 // The offset of a position, counted from the last element that does not begin after it.
 std::size_t offsetOf(const char* position, std::string_view payload, const Elements& elements) {
-    const auto last =
-        std::find_if(elements.rbegin(), elements.rend(),
-                     [position](const ExplainedElement& element) { return element.tag.data() <= position; });
+    const auto last = std::find_if(
+        elements.rbegin(), elements.rend(),
+        [position](const WalkedElement& element) { return element.element.tag.data() <= position; });
     const bool isFirst = last == elements.rend();
-    const char* const start = isFirst ? payload.data() : last->tag.data();
-    return (isFirst ? 0 : last->offset) +
-           korvo::characterCount({start, static_cast<std::size_t>(position - start)});
+    const char* const start = isFirst ? payload.data() : last->element.tag.data();
+    return (isFirst ? 0 : last->offset) + characterCount({start, static_cast<std::size_t>(position - start)});
+}
+
+std::string tagOf(const TLVFault& fault) {
+    const std::string_view tag = fault.element.tag;
+    return fault.isInsideAdditionalData && !tag.empty() ? nameInsideAdditionalData(tag) : std::string(tag);
 }
 
 // The last few elements before a place in the payload. An element that is too long is cut between two code
 // points.
 std::string_view excerptBefore(std::size_t place, std::string_view payload, const Elements& elements) {
     constexpr std::size_t mostBytes = 36;  // so that both excerpts fit on one line
-    const auto startOf = [&](const ExplainedElement& element) {
-        return static_cast<std::size_t>(element.tag.data() - payload.data());
+    const auto startOf = [&](const WalkedElement& element) {
+        return static_cast<std::size_t>(element.element.tag.data() - payload.data());
     };
-    const auto first = std::find_if(elements.begin(), elements.end(), [&](const ExplainedElement& element) {
+    const auto first = std::find_if(elements.begin(), elements.end(), [&](const WalkedElement& element) {
         return startOf(element) + mostBytes >= place && startOf(element) <= place;
     });
     std::size_t begin = first == elements.end() ? place : startOf(*first);
     if (begin == place) {
         begin = place - std::min(place, mostBytes);
-        while (begin < place && isContinuationByte(payload[begin])) {
+        while (begin < place && (static_cast<unsigned char>(payload[begin]) & 0xC0U) == 0x80U) {
             ++begin;
         }
     }
@@ -227,21 +230,23 @@ std::string_view excerptAfter(std::size_t place, std::string_view payload) {
     constexpr std::size_t enoughBytes = 24;
     std::size_t end = place;
     while (end < payload.size() && end - place < enoughBytes) {
-        korvo::nextCodePoint(payload, end);
+        nextCodePoint(payload, end);
     }
     return payload.substr(place, end - place);
 }
 
 }  // namespace
 
-ExplainedFault explainFault(std::string_view payload, const Elements& elements, const TLVFault& fault) {
-    const auto [position, reason] = findingOf(elements, fault);
+QRCodeFault explainFault(std::string_view payload, const PayloadWalk& walk) {
+    const TLVFault& fault = *walk.fault;
+    const auto [kind, position, reason] = findingOf(walk.elements, fault);
     const auto place = static_cast<std::size_t>(position - payload.data());
-    return {
-        nameOf(fault.error),
+    return QRCodeFault(std::make_shared<QRCodeFault::Facts>(QRCodeFault::Facts{
+        kind, nameOf(fault.error), offsetOf(position, payload, walk.elements),
+        kind == Kind::notText ? std::optional(place) : std::nullopt, tagOf(fault),
         (fault.isInsideAdditionalData ? "inside tag " + std::string(additionalDataTag) + ", " : "") + reason,
-        offsetOf(position, payload, elements), excerptBefore(place, payload, elements),
-        excerptAfter(place, payload)};
+        std::string(excerptBefore(place, payload, walk.elements)),
+        std::string(excerptAfter(place, payload))}));
 }
 
-}  // namespace korvoqr
+}  // namespace korvo

@@ -1,0 +1,329 @@
+#include <KorvoQRParser/Decoding/CRC.h>
+#include <KorvoQRParser/Explanation/Caution.h>
+#include <KorvoQRParser/Explanation/Draft.h>
+#include <KorvoQRParser/Explanation/ExplanationFacts.h>
+#include <KorvoQRParser/Explanation/Mending.h>
+#include <KorvoQRParser/Explanation/ReadingCauses.h>
+#include <KorvoQRParser/Explanation/Repairs.h>
+#include <KorvoQRParser/Explanation/Variants.h>
+#include <KorvoQRParser/Explanation/Violations.h>
+#include <KorvoQRParser/Parser/QRCodeParser.h>
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+namespace korvo {
+
+namespace {
+
+// An accepted payload, made from the refused one.
+struct Candidate {
+    Mended mended;
+    double cost;
+    std::string cause;
+    MoneyChange money;
+    bool isOpenEnded;          // the text may be cut
+    bool isExplained = false;  // the written checksum is that of the text as it stands, and nothing else fits
+};
+
+// The codes of a payload; none if it is accepted.
+std::vector<std::string> codesOf(std::string_view payload) {
+    const auto error = QRCodeParser::parseQRData(payload).qrCodeError();
+    return error ? error->errorCodes() : std::vector<std::string>();
+}
+
+class Doctor {
+  public:
+    Doctor(std::string_view payload, const PayloadWalk& walk, bool isMatching,
+           const std::vector<std::string>& codes)
+        : payload_(payload), original_(payload), walk_(walk), isMatching_(isMatching), codes_(codes) {}
+
+    Diagnosis diagnosis() {
+        const Variant asItIs{Draft(payload_), 0, ""};
+        if (walk_.fault) {
+            examineFault(asItIs);
+        } else {
+            examineSplit(asItIs);
+        }
+        return conclude();
+    }
+
+  private:
+    // A payload that can be split, but violates rules.
+    void examineSplit(const Variant& asItIs) {
+        read(asItIs, 0);
+        const bool isOnlyChecksum = codes_ == std::vector<std::string>{std::string(checksumCode)};
+        if (isSure()) {
+            return;
+        }
+        // A wrong length can swallow an element, so that the rest can be split all the same.
+        const bool isIncomplete = std::any_of(codes_.begin(), codes_.end(), isAboutMissingElement);
+        mustKeepChecksum_ = !isIncomplete;
+        tryInsertions(asItIs);
+        if (isIncomplete) {
+            readInUnits(asItIs);
+        }
+        if (!isOnlyChecksum) {
+            read(asItIs, 1);
+        }
+    }
+
+    void examineFault(const Variant& asItIs) {
+        const std::vector<Variant> variants = unwrappedVariants(payload_);
+        for (const Variant& variant : variants) {
+            read(variant, 0);
+        }
+        tryInsertions(asItIs);
+        for (const Variant& variant : variants) {
+            tryInsertions(variant);
+        }
+        if (isSure()) {
+            return;
+        }
+        readInUnits(asItIs);
+        read(asItIs, 1);
+        for (const Variant& variant : variants) {
+            readInUnits(variant);
+            read(variant, 1);
+        }
+        if (candidates_.empty() && causes_.empty()) {
+            read(asItIs, 2);
+        }
+    }
+
+    bool isSure() const {
+        return std::any_of(candidates_.begin(), candidates_.end(), [](const Candidate& candidate) {
+            return candidate.mended.keepsChecksum && !candidate.money.isChanged;
+        });
+    }
+
+    void tryInsertions(const Variant& variant) {
+        if (isSure() || variant.draft.text().substr(0, 2) != formatTag) {
+            return;
+        }
+        const bool earlier = std::exchange(mustKeepChecksum_, true);
+        for (Variant& shorter : variantsWithoutInsertions(variant.draft)) {
+            shorter.cost += variant.cost;
+            const Characters text(shorter.draft.text());
+            for (const Reading& reading : findReadings(text, true, 0)) {
+                // Even if the checksum does not confirm it, no other explanation is certain.
+                isOtherwisePossible_ = true;
+                add(shorter, text, reading, true);
+                noteCause(shorter.cost, shorter.cause);
+            }
+        }
+        mustKeepChecksum_ = earlier;
+    }
+
+    void read(const Variant& variant, int mistakes) {
+        const Characters text(variant.draft.text());
+        const bool isTwoDigit = text.count() >= 2 && text.between(0, 2) == formatTag;
+        for (const Reading& reading : likeliest(findReadings(text, isTwoDigit, mistakes))) {
+            add(variant, text, reading, isTwoDigit);
+        }
+        if (!isTwoDigit && mistakes == 1) {
+            for (const Reading& reading : likeliest(findReadings(text, true, mistakes))) {
+                if (reading.isFormatMoved || reading.isFormatMissing) {
+                    add(variant, text, reading, true);
+                }
+            }
+        }
+    }
+
+    static std::vector<Reading> likeliest(std::vector<Reading> readings) {
+        constexpr std::size_t most = 24;
+        std::stable_sort(readings.begin(), readings.end(),
+                         [](const Reading& a, const Reading& b) { return a.cost < b.cost; });
+        readings.resize(std::min(readings.size(), most));
+        return readings;
+    }
+
+    void readInUnits(const Variant& variant) {
+        const Characters text(variant.draft.text());
+        const bool isTwoDigit = text.count() >= 2 && text.between(0, 2) == formatTag;
+        for (const LengthUnit unit :
+             {LengthUnit::utf8Bytes, LengthUnit::utf16Units, LengthUnit::codePoints}) {
+            for (const Reading& reading : findReadingsInUnit(text, isTwoDigit, unit)) {
+                add(variant, text, reading, isTwoDigit);
+            }
+        }
+    }
+
+    void add(const Variant& variant, const Characters& text, const Reading& reading, bool isTwoDigit) {
+        Mended mended = mend(variant.draft, text, reading, isTwoDigit);
+        constexpr double replaced = 0.4;
+        const double cost = variant.cost + reading.cost + mended.cost +
+                            (mended.replacesChecksum && !isMatching_ ? replaced : 0);
+        std::string cause = variant.cause;
+        for (const std::string& sentence : causesOf(text, reading, isTwoDigit, mended.keepsChecksum)) {
+            cause += (cause.empty() ? "" : " ") + sentence;
+        }
+        for (const std::string& sentence : mended.causes) {
+            cause += (cause.empty() ? "" : " ") + sentence;
+        }
+        const auto codes = codesOf(mended.draft.text());
+        if (reading.isDoubtful && !mended.keepsChecksum) {
+            return;
+        }
+        if (reading.isForbidden && codes.empty()) {
+            isOtherwisePossible_ = true;
+            noteCause(cost, cause);
+            return;
+        }
+        if (mended.draft.text() == payload_ || !codes.empty()) {
+            // A reading without all the elements that a payload must have is probably wrong.
+            const bool isComplete = std::none_of(codes.begin(), codes.end(), isAboutMissingElement);
+            if (!mustKeepChecksum_ && (isComplete || reading.isFormatMissing)) {
+                noteCause(cost, cause);
+            }
+            return;
+        }
+        if (mustKeepChecksum_ && !mended.keepsChecksum) {
+            return;
+        }
+        const bool isOpenEnded =
+            reading.isChecksumMissing || std::any_of(reading.pieces.begin(), reading.pieces.end(),
+                                                     [](const Piece& piece) { return piece.isBroken; });
+        MoneyChange money = compareMoney(payload_, walk_, mended.draft.text(), reading.changedName);
+        insert({std::move(mended), cost, std::move(cause), std::move(money), isOpenEnded});
+    }
+
+    // Keeps the likelier one of two candidates with the same text.
+    void insert(Candidate candidate) {
+        const auto same = std::find_if(candidates_.begin(), candidates_.end(), [&](const Candidate& other) {
+            return other.mended.draft.text() == candidate.mended.draft.text();
+        });
+        if (same == candidates_.end()) {
+            candidates_.push_back(std::move(candidate));
+        } else if (candidate.cost < same->cost) {
+            *same = std::move(candidate);
+        }
+    }
+
+    void noteCause(double cost, const std::string& cause) {
+        if (!cause.empty()) {
+            causes_.emplace_back(cost, cause);
+        }
+    }
+
+    // Whether the written checksum confirms the repair itself.
+    bool isConfirmed(const Candidate& candidate) const {
+        return candidate.mended.isTwoDigit && candidate.mended.keepsChecksum && !candidate.money.isChanged &&
+               !candidate.isOpenEnded;
+    }
+
+    // Whether the written checksum is that of the text as it stands, and only one repair explains it.
+    bool isOnlyExplanation(const Candidate& candidate) const {
+        constexpr double clearly = 0.5;
+        const bool isOnly = std::none_of(candidates_.begin(), candidates_.end(), [&](const Candidate& other) {
+            return &other != &candidate && other.cost < candidate.cost + clearly;
+        });
+        return candidate.mended.isTwoDigit && isMatching_ && isOnly && !isOtherwisePossible_ &&
+               !candidate.mended.isAmbiguous && !candidate.money.isChanged && !candidate.isOpenEnded;
+    }
+
+    // A repair that changes how money reads is only offered if there is no other.
+    void dropDoubtful() {
+        for (Candidate& candidate : candidates_) {
+            candidate.isExplained = isOnlyExplanation(candidate);
+        }
+        const bool isDoubtful = candidates_.size() > 1;
+        std::erase_if(candidates_, [isDoubtful](const Candidate& candidate) {
+            return isDoubtful && candidate.money.isChanged;
+        });
+    }
+
+    Diagnosis conclude() {
+        constexpr std::size_t mostUnverified = 4;
+        dropDoubtful();
+        std::stable_sort(candidates_.begin(), candidates_.end(), [this](const auto& a, const auto& b) {
+            const bool first = isConfirmed(a);
+            return first != isConfirmed(b) ? first : a.cost < b.cost;
+        });
+        Diagnosis result;
+        result.leastCost = candidates_.empty() ? 99 : candidates_.front().cost;
+        for (const Candidate& candidate : candidates_) {
+            const bool isVouched =
+                result.unverified.empty() && (isConfirmed(candidate) || candidate.isExplained);
+            if (isVouched) {
+                result.repairs.push_back(repairOf(candidate, ""));
+            } else if (result.repairs.empty() && result.unverified.size() < mostUnverified) {
+                result.unverified.push_back(repairOf(candidate, cautionOf(candidate)));
+            } else {
+                break;
+            }
+            if (!candidate.cause.empty()) {
+                result.causes.push_back(candidate.cause + evidenceOf(candidate));
+            }
+        }
+        addOtherCauses(result);
+        return result;
+    }
+
+    // Says where the mistake was made, if the checksum tells.
+    std::string evidenceOf(const Candidate& candidate) const {
+        if (isConfirmed(candidate)) {
+            return " Without that the checksum matches, so it happened after the checksum was computed.";
+        }
+        if (isMatching_ && walk_.fault) {
+            return " The checksum matches the text as it stands, so the program that made the code wrote it "
+                   "so.";
+        }
+        return "";
+    }
+
+    // Adds the likeliest cause that has no repair.
+    void addOtherCauses(Diagnosis& result) {
+        const auto likeliest = std::min_element(causes_.begin(), causes_.end(),
+                                                [](auto& a, auto& b) { return a.first < b.first; });
+        if (likeliest == causes_.end() || !result.repairs.empty()) {
+            return;
+        }
+        constexpr double most = 1.75;
+        const auto& [cost, cause] = *likeliest;
+        if (cost <= most && cost < result.leastCost) {
+            result.causes.insert(result.causes.begin(), cause);
+            result.leastCost = cost;
+        }
+    }
+
+    std::string cautionOf(const Candidate& candidate) const {
+        const std::string reason =
+            !candidate.mended.isTwoDigit ? "This format has no checksum, so nothing confirms the repair."
+            : candidate.isOpenEnded      ? "The text may be cut: elements may be missing at its end."
+            : candidate.money.isChanged  ? "It changes how an identifier, an amount or a fee reads."
+            : isMatching_
+                ? "The checksum was computed over the faulty text, so it does not confirm the repair."
+            : candidate.mended.keepsChecksum ? "The checksum matches, but other readings are possible."
+                                             : "The checksum is replaced, so nothing confirms the values.";
+        return reason + ' ' + candidate.money.sentence;
+    }
+
+    QRCodeRepair repairOf(const Candidate& candidate, std::string caution) const {
+        const Draft& draft = candidate.mended.draft;
+        return QRCodeRepair(std::make_shared<QRCodeRepair::Facts>(
+            QRCodeRepair::Facts{draft.text(), draft.editsOf(original_), std::move(caution)}));
+    }
+
+    static constexpr std::string_view checksumCode = KorvoErrorConstants::crcInvalidValue;
+
+    std::string_view payload_;
+    Characters original_;
+    const PayloadWalk& walk_;
+    bool isMatching_;
+    const std::vector<std::string>& codes_;
+    std::vector<Candidate> candidates_;
+    std::vector<std::pair<double, std::string>> causes_;
+    bool mustKeepChecksum_ = false;
+    bool isOtherwisePossible_ = false;
+};
+
+}  // namespace
+
+Diagnosis diagnose(std::string_view payload, const PayloadWalk& walk, bool isMatching,
+                   const std::vector<std::string>& codes) {
+    return Doctor(payload, walk, isMatching, codes).diagnosis();
+}
+
+}  // namespace korvo

@@ -1,0 +1,29 @@
+#ifndef KORVOQRPARSER_EXPLANATION_VARIANTS_H
+#define KORVOQRPARSER_EXPLANATION_VARIANTS_H
+
+#include <KorvoQRParser/Explanation/Draft.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvo {
+
+/// A text that a payload may have been before something happened to it as a whole.
+struct Variant {
+    Draft draft;
+    double cost;        ///< how improbable that is, about 1
+    std::string cause;  ///< what happened, as a sentence
+};
+
+/// The texts that remain without white space, byte order marks and quotation marks around them, and after
+/// percent-decoding. Empty if there is nothing of that kind. The text must be valid UTF-8.
+std::vector<Variant> unwrappedVariants(std::string_view payload);
+
+/// The texts that remain without characters that may have been inserted: line breaks, tabs, zero-width
+/// spaces, second blanks; all of a kind, or a single one.
+std::vector<Variant> variantsWithoutInsertions(const Draft& draft);
+
+}  // namespace korvo
+
+#endif

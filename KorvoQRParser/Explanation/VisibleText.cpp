@@ -1,0 +1,95 @@
+#include <KorvoQRParser/Decoding/Text/CharacterProperties.h>
+#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
+#include <KorvoQRParser/Decoding/Text/UTF8.h>
+#include <KorvoQRParser/Explanation/VisibleText.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace korvo {
+
+namespace {
+
+void appendHex(std::string& text, std::uint32_t number) {
+    int digits = 1;
+    while (digits < 8 && number >> (4 * digits) != 0) {
+        ++digits;
+    }
+    for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) {
+        text += "0123456789ABCDEF"[number >> shift & 0xFU];
+    }
+}
+
+void appendBytes(std::string& result, std::string_view bytes) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    for (const char byte : bytes) {
+        const auto number = static_cast<unsigned char>(byte);
+        const std::array escape{'\\', 'x', digits[number >> 4U], digits[number & 0xFU]};
+        result.append(escape.data(), escape.size());
+    }
+}
+
+// Whether a person cannot see a code point, or takes it for a plain blank.
+bool isInvisible(std::int32_t codePoint) {
+    const auto [breakClass, group] = propertiesOf(codePoint);
+    return breakClass == BreakClass::control || breakClass == BreakClass::carriageReturn ||
+           breakClass == BreakClass::lineFeed ||
+           (group == CharacterGroup::spaceSeparator && codePoint != ' ');
+}
+
+void appendVisible(std::string& result, std::string_view text) {
+    for (std::size_t offset = 0; offset < text.size();) {
+        const std::size_t start = offset;
+        const std::int32_t codePoint = nextCodePoint(text, offset);
+        const std::string_view bytes = text.substr(start, offset - start);
+        if (codePoint < 0 || (codePoint < 0x80 && isInvisible(codePoint))) {
+            appendBytes(result, bytes);
+        } else if (isInvisible(codePoint)) {
+            result += "\\u{";
+            appendHex(result, static_cast<std::uint32_t>(codePoint));
+            result += '}';
+        } else {
+            result += codePoint == '"' || codePoint == '\\' ? "\\" : "";
+            result += bytes;
+        }
+    }
+}
+
+}  // namespace
+
+std::string inQuotes(std::string_view text) {
+    constexpr std::size_t mostCharacters = 40;
+    constexpr std::size_t mostBytes = 400;  // a character can have any number of marks
+    std::string result = "\"";
+    CharacterReader characters(text.substr(0, mostBytes));
+    const auto shown = characters.take(mostCharacters);
+    const bool isWhole = text.size() <= mostBytes && (!shown || shown->size() == text.size());
+    appendVisible(result, isWhole ? text : shown ? *shown : text.substr(0, mostCharacters));
+    return result += isWhole ? "\"" : "...\"";
+}
+
+std::string withVisibleBytes(std::string_view text) {
+    if (isUTF8(text)) {
+        return std::string(text);
+    }
+    std::string result;
+    result.reserve(2 * text.size());
+    std::size_t written = 0;
+    for (std::size_t offset = 0; offset < text.size();) {
+        const std::size_t start = offset;
+        const bool isBackslash = text[offset] == '\\';
+        if (nextCodePoint(text, offset) < 0 || isBackslash) {
+            result.append(text, written, start - written);
+            if (isBackslash) {
+                result += "\\\\";
+            } else {
+                appendBytes(result, text.substr(start, offset - start));
+            }
+            written = offset;
+        }
+    }
+    return result.append(text, written);
+}
+
+}  // namespace korvo

@@ -1,0 +1,21 @@
+#ifndef KORVOQRPARSER_EXPLANATION_VISIBLETEXT_H
+#define KORVOQRPARSER_EXPLANATION_VISIBLETEXT_H
+
+#include <string>
+#include <string_view>
+
+/// Texts of a payload, made fit for sentences. Any bytes are allowed; the results are UTF-8.
+namespace korvo {
+
+/// The text in quotation marks. Controls and blanks other than the space become escapes such as \x1B or
+/// \u{202E}, as do bytes that are not UTF-8; quotation marks and backslashes get a backslash. A text of more
+/// than 40 characters is cut, and ends with dots.
+std::string inQuotes(std::string_view text);
+
+/// The text with bytes that are not UTF-8 written as \xHH. If there are any, backslashes are doubled, so that
+/// the result says which are which; otherwise nothing changes.
+std::string withVisibleBytes(std::string_view text);
+
+}  // namespace korvo
+
+#endif
