@@ -1,3 +1,4 @@
+#include "Enumerators.h"
 #include "Objects.h"
 #include "Ownership.h"
 #include "Text.h"
@@ -7,6 +8,9 @@
 
 using korvo::objectivec::stringFromText;
 using korvo::objectivec::textFromString;
+
+static_assert(korvo::objectivec::haveSameEnumerators<QRCodeDataProperty, korvo::QRCodeDataProperty>(
+    "QRCodeDataProperty"));
 
 struct KorvoQRCodeDataStorage {
     std::shared_ptr<korvo::QRCodeData> record;
@@ -20,6 +24,12 @@ struct KorvoQRCodeDataStorage {
 }
 // clang-format on
 #undef KORVO_USE
+
+// Null for a number that is no property.
+static const korvo::QRCodeDataPropertyRow* rowOf(QRCodeDataProperty property) {
+    const auto place = static_cast<std::size_t>(property);
+    return place < korvo::qrCodeDataProperties.size() ? &korvo::qrCodeDataProperties[place] : nullptr;
+}
 
 @implementation QRCodeData
 
@@ -50,6 +60,27 @@ struct KorvoQRCodeDataStorage {
         [names addObject:stringFromText(row.name)];
     }
     return names;
+}
+
+- (NSString*)textOfProperty:(QRCodeDataProperty)property {
+    const auto* const row = rowOf(property);
+    const auto text = row != nullptr ? _storage->record->text(row->index) : std::nullopt;
+    return text ? stringFromText(*text) : nil;
+}
+
+- (BOOL)flagOfProperty:(QRCodeDataProperty)property {
+    const auto* const row = rowOf(property);
+    return row != nullptr && _storage->record->flag(row->index) ? YES : NO;
+}
+
++ (NSString*)nameOfProperty:(QRCodeDataProperty)property {
+    const auto* const row = rowOf(property);
+    return row != nullptr ? stringFromText(row->name) : nil;
+}
+
++ (BOOL)isFlagProperty:(QRCodeDataProperty)property {
+    const auto* const row = rowOf(property);
+    return row != nullptr && row->isFlag ? YES : NO;
 }
 
 - (NSString*)description {

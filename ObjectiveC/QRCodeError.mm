@@ -1,3 +1,4 @@
+#include "Enumerators.h"
 #include "Objects.h"
 #include "Ownership.h"
 #include "Text.h"
@@ -6,6 +7,8 @@
 #include <string>
 #include <utility>
 #include <vector>
+
+static_assert(korvo::objectivec::haveSameEnumerators<QRCodeErrorCode, korvo::ErrorCode>("QRCodeErrorCode"));
 
 struct KorvoQRCodeErrorStorage {
     std::shared_ptr<korvo::QRCodeError> error;
@@ -50,14 +53,7 @@ const korvo::ErrorCatalogueEntry* entryOf(NSString* code) {
 }
 
 - (NSArray<NSString*>*)errorCodes {
-    const auto& codes = _storage->error->errorCodes();
-    NSMutableArray<NSString*>* array = [[NSMutableArray alloc] initWithCapacity:codes.size()];
-    for (const std::string& code : codes) {
-        NSString* string = korvo::objectivec::newStringFromText(code);
-        [array addObject:string];
-        KORVO_RELEASE(string);
-    }
-    return KORVO_AUTORELEASE(array);
+    return korvo::objectivec::arrayFromTexts(_storage->error->errorCodes());
 }
 
 - (void)setErrorCodes:(NSArray<NSString*>*)errorCodes {
@@ -72,6 +68,16 @@ const korvo::ErrorCatalogueEntry* entryOf(NSString* code) {
 + (NSString*)meaningOfErrorCode:(NSString*)code {
     const auto* const entry = entryOf(code);
     return entry != nullptr ? korvo::objectivec::stringFromText(entry->meaning) : nil;
+}
+
++ (QRCodeErrorCode)errorCodeFromText:(NSString*)text {
+    const auto code = korvo::errorCodeFromText(korvo::objectivec::textFromString(text));
+    return code ? static_cast<QRCodeErrorCode>(*code) : QRCodeErrorCodeUnknown;
+}
+
++ (NSString*)textOfErrorCode:(QRCodeErrorCode)code {
+    const auto* const entry = korvo::findErrorCatalogueEntry(std::to_string(code));
+    return entry != nullptr ? korvo::objectivec::stringFromText(entry->code) : nil;
 }
 
 - (NSString*)description {

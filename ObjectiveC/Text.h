@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvo::objectivec {
 
@@ -14,14 +15,18 @@ namespace korvo::objectivec {
 std::string textFromString(NSString* string);
 
 /// Makes a text of textFromString, or any valid UTF-8, a string that the caller owns. Every code unit is
-/// kept, a byte order mark at the start too.
+/// kept, a byte order mark at the start too. In other texts, such as a piece that begins or ends inside a
+/// surrogate's three bytes, U+FFFD replaces what cannot be read.
 NSString* newStringFromText(std::string_view text) NS_RETURNS_RETAINED;
 
 /// The same, autoreleased.
 NSString* stringFromText(std::string_view text);
 
-/// Says on standard error that a class has no -init, and ends the program.
-[[noreturn]] void stopAtInit(const char* className, const char* initialiser) noexcept;
+/// The strings of several texts, autoreleased.
+NSArray<NSString*>* arrayFromTexts(const std::vector<std::string>& texts);
+
+/// Says on standard error that a class has no -init but an alternative, and ends the program.
+[[noreturn]] void stopAtInit(const char* className, const char* alternative) noexcept;
 
 }  // namespace korvo::objectivec
 

@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
-#include <vector>
 
 namespace korvo::objectivec {
 
@@ -43,18 +42,27 @@ char32_t joined(char32_t high, char32_t low) {
     return 0x10000U + ((high - 0xD800U) << 10U) + (low - 0xDC00U);
 }
 
-// The character at `at`, which moves behind it.
+constexpr char32_t replacementCharacter = 0xFFFD;
+
+// The character at `at`, which moves behind it. Only texts that textFromString did not make, or that were cut
+// since, have bytes that need the replacement.
 char32_t takeUTF8(std::string_view text, std::size_t& at) {
     const auto lead = static_cast<unsigned char>(text[at++]);
     if (lead < 0x80) {
         return lead;
     }
+    if (lead < 0xC0 || lead > 0xF4) {
+        return replacementCharacter;
+    }
     const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
     char32_t character = lead & (0xFFU >> (length + 1));
     for (std::size_t i = 1; i < length; ++i) {
+        if (at == text.size() || (static_cast<unsigned char>(text[at]) & 0xC0U) != 0x80U) {
+            return replacementCharacter;
+        }
         character = character << 6U | (static_cast<unsigned char>(text[at++]) & 0x3FU);
     }
-    return character;
+    return character <= 0x10FFFF ? character : replacementCharacter;
 }
 
 // The byte order is named because GNUstep takes a U+FEFF or U+FFFE at the start of UTF-8, or of UTF-16
@@ -123,9 +131,19 @@ NSString* stringFromText(std::string_view text) {
     return KORVO_AUTORELEASE(newStringFromText(text));
 }
 
-void stopAtInit(const char* className, const char* initialiser) noexcept {
+NSArray<NSString*>* arrayFromTexts(const std::vector<std::string>& texts) {
+    NSMutableArray<NSString*>* array = [[NSMutableArray alloc] initWithCapacity:texts.size()];
+    for (const std::string& text : texts) {
+        NSString* string = newStringFromText(text);
+        [array addObject:string];
+        KORVO_RELEASE(string);
+    }
+    return KORVO_AUTORELEASE(array);
+}
+
+void stopAtInit(const char* className, const char* alternative) noexcept {
     std::fprintf(stderr, "KorvoQRParser: initialiser init() of KorvoQRParser.%s is not implemented; use %s\n",
-                 className, initialiser);
+                 className, alternative);
     std::abort();
 }
 

@@ -38,6 +38,10 @@ static QRCodeParserResponse* parsed(NSString* payload) {
     return [QRCodeParser parseQRDataWithQrCodeString:payload];
 }
 
+static QRCodeExplanation* explained(NSString* payload) {
+    return [QRCodeExplainer explainQRDataWithQrCodeString:payload];
+}
+
 static void rendersRecords() {
     QRCodeData* data = parsed(withoutLineFeed(contents(@"full.payload"))).qrCodeData;
     EXPECT_EQUAL(([NSString stringWithFormat:@"%@", data]), contents(@"full.txt"));
@@ -101,7 +105,69 @@ static void takesNil() {
     EXPECT_EQUAL([QRCodeError meaningOfErrorCode:@"22"], nil);
     EXPECT_EQUAL([QRCodeError nameOfErrorCode:@"13"], @"countryCodeNotPresent");
     EXPECT_EQUAL([QRCodeError meaningOfErrorCode:@"13"], @"The country code is missing.");
+    EXPECT([QRCodeError errorCodeFromText:nothing] == QRCodeErrorCodeUnknown);
+    EXPECT_EQUAL(explained(nothing).errorCodes, @[ @"0" ]);
+    EXPECT(explained(nothing).fault.faultKind == QRCodeFaultKindTooShort &&
+           explained(nothing).payloadFormat == QRCodeFormatUnknown);
     EXPECT([[NSCharacterSet unionAlphaNumericCharacterSetWith:nothing] characterIsMember:'a']);
+}
+
+// Compares an object with the library's JSON of it.
+static void expectSame(id got, id json) {  // NOLINT(misc-no-recursion): elements have elements
+    if ([json isKindOfClass:[NSArray class]]) {
+        EXPECT([got count] == [json count]);
+        for (NSUInteger at = 0; at < [json count]; ++at) {
+            expectSame([got objectAtIndex:at], [json objectAtIndex:at]);
+        }
+    } else if ([json isKindOfClass:[NSDictionary class]]) {
+        NSString* tag = [got isKindOfClass:[QRCodeFault class]] ? @"concernedTag" : @"tagField";
+        NSDictionary* properties = [NSDictionary
+            dictionaryWithObjectsAndKeys:tag, @"tag", @"lengthField", @"length", @"errorCode", @"code",
+                                         @"violations", @"errors", @"missing", @"absent", @"isAccepted",
+                                         @"accepted", @"errorName", @"error", @"kindText", @"kind",
+                                         @"isMatching", @"matches", @"payloadFormat", @"format", nil];
+        for (NSString* name in json) {
+            NSString* property = [properties objectForKey:name];
+            expectSame([got valueForKey:property == nil ? name : property], [json objectForKey:name]);
+        }
+    } else if (![json isEqual:@"two-digit"]) {
+        EXPECT_EQUAL(got, json == [NSNull null] ? @"" : json);
+    }
+}
+
+static void explainsPayloads() {
+    NSString* head = @"000201021641234567833333375204581253033565802IN59";
+    NSArray<NSString*>* ends = @[
+        @"07Coffee6006MUMBAI63040154", @"06Coffee6006MUMBAI63040000", @"06Coffee6006MUMBAI63040154",
+        @"29A name of more than 25 chars!62050901X63040000"
+    ];
+    QRCodeExplanation* explanations[4];
+    for (NSUInteger at = 0; at < ends.count; ++at) {
+        explanations[at] = explained([head stringByAppendingString:[ends objectAtIndex:at]]);
+        NSData* json = [explanations[at].utf8JSON dataUsingEncoding:NSUTF8StringEncoding];
+        expectSame(explanations[at], [NSJSONSerialization JSONObjectWithData:json options:0 error:nullptr]);
+    }
+    const auto& [mendable, doubtful, accepted, violating] = explanations;
+    EXPECT(mendable.fault.faultKind == QRCodeFaultKindRepeatedTag && mendable.fault.byteOffset == nil);
+    EXPECT_EQUAL(mendable.repairs.firstObject.edits.firstObject.to, @"06");
+    EXPECT(doubtful.unverified.firstObject.caution.length > 0);
+    EXPECT(accepted.isAccepted && accepted.payloadFormat == QRCodeFormatTwoDigit);
+    EXPECT(explained(@"0g").payloadFormat == QRCodeFormatOneCharacter && violating.missing.count == 1);
+    QRCodeElement* element = [violating.elements objectAtIndex:6].elements.firstObject;
+    EXPECT_EQUAL(element.name, @"62/09");
+    EXPECT_EQUAL(element.violations.firstObject.errorCode, @"46");
+}
+
+static void knowsNumbers() {
+    for (NSInteger number = -1; number < 256 + 49; ++number) {
+        const auto code = static_cast<QRCodeErrorCode>(number);
+        NSString* text = [NSString stringWithFormat:@"%ld", static_cast<long>(number)];
+        const bool isKnown = [QRCodeError nameOfErrorCode:text] != nil;
+        EXPECT([QRCodeError errorCodeFromText:text] == (isKnown ? code : QRCodeErrorCodeUnknown));
+        EXPECT_EQUAL([QRCodeError textOfErrorCode:code], isKnown ? text : nil);
+        const auto property = static_cast<QRCodeDataProperty>(number);
+        EXPECT(([QRCodeData nameOfProperty:property] != nil) == (number >= 0 && number < 70));
+    }
 }
 
 static void keepsWhatItIsGiven() {
@@ -135,9 +201,15 @@ static void keepsPropertiesApart() {
         id after = isFlag ? (id)[NSNumber numberWithBool:YES] : name;
         NSString* member = [NSString stringWithFormat:@R"("%@": "%s")", name, isFlag ? "false" : "nil"];
         NSString* changed = [NSString stringWithFormat:@R"("%@": "%@")", name, isFlag ? @"true" : name];
+        const auto property =
+            static_cast<QRCodeDataProperty>([[QRCodeData propertyNames] indexOfObject:name]);
+        EXPECT_EQUAL([QRCodeData nameOfProperty:property], name);
+        EXPECT([QRCodeData isFlagProperty:property] == isFlag);
         EXPECT_EQUAL([data valueForKey:name], before);
         [data setValue:after forKey:name];
         EXPECT_EQUAL([data valueForKey:name], after);
+        EXPECT_EQUAL([data textOfProperty:property], isFlag ? nil : name);
+        EXPECT([data flagOfProperty:property] == isFlag);
         EXPECT_EQUAL(data.jsonOutput, [empty stringByReplacingOccurrencesOfString:member withString:changed]);
         [data setValue:before forKey:name];
         EXPECT_EQUAL(data.jsonOutput, empty);
@@ -181,7 +253,20 @@ static const struct {
     {u"\xD7FF\xDC00\xDBFF\xE000", u'4', false},
     {u"\xD83D\xD83D\xDE00\xDE00", u'3', false},
     {std::u16string(u"\uFEFF\0\xDBFF", 3), u'3', false},
+    {u"\xDC00x" + std::u16string(9, u'\xDC00'), u'b', false},  // an excerpt of bytes ends inside one
 };
+
+static void explainsSurrogates(NSString* payload, bool isWhole) {
+    QRCodeExplanation* explanation = explained(payload);
+    EXPECT_EQUAL(explanation.payload, payload);
+    EXPECT([explanation.visible isEqual:payload] == isWhole);
+    if (!isWhole) {
+        const std::u16string after = unitsOf(explanation.fault.after);
+        const auto at = unitsOf(payload).find(after.substr(0, after.find(u'\uFFFD')));
+        NSData* before = [[payload substringToIndex:at] dataUsingEncoding:NSUTF8StringEncoding];
+        EXPECT_EQUAL(explanation.fault.byteOffset, @(before.length));
+    }
+}
 
 static void keepsTexts() {
     QRCodeData* data = [[[QRCodeData alloc] init] autorelease];
@@ -197,10 +282,11 @@ static void keepsTexts() {
         EXPECT(unitsOf(error.description) == units + u' ' + units + u' ');
         std::printf(isWhole ? "whole\n" : "not whole, ");
         EXPECT_EQUAL(data.jsonOutput, @"");
-        QRCodeParserResponse* response =
-            parsed(stringOf(u"0g41111111111111111" + (length + units) + u"24581236MUMBAI42IN53356"));
+        NSString* payload = stringOf(u"0g41111111111111111" + (length + units) + u"24581236MUMBAI42IN53356");
+        QRCodeParserResponse* response = parsed(payload);
         EXPECT_EQUAL(response.qrCodeError.errorCodes, isWhole ? nil : @[ @"0" ]);
         EXPECT(!isWhole || unitsOf(response.qrCodeData.merchantName) == units);
+        explainsSurrogates(payload, isWhole);
     }
 }
 
@@ -282,6 +368,8 @@ int main(int /*argc*/, char** argv) {
         CASE(readsPayloadsInBothForms);
         CASE(letsExceptionsOfHandlersPass);
         CASE(takesNil);
+        CASE(explainsPayloads);
+        CASE(knowsNumbers);
         CASE(keepsWhatItIsGiven);
         CASE(keepsPropertiesApart);
         CASE(keepsTexts);

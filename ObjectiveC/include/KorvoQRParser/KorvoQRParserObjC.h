@@ -22,6 +22,8 @@
 ///         show(error.errorCodes)
 ///     }
 ///
+/// QRCodeExplainer says why a payload was refused, and what probably happened to it.
+///
 /// Texts go in and come out code unit for code unit: NUL, characters beyond the Basic Multilingual Plane, and
 /// in properties and error codes even a surrogate without its other half. A payload that holds such a half is
 /// malformed, and a record that holds one has no JSON. Objects that an operation returns are autoreleased, as
@@ -31,7 +33,11 @@
 #import <KorvoQRParser/KorvoQRParserVersion.h>
 #import <KorvoQRParser/ObjectiveC/NSCharacterSet+KorvoQRParser.h>
 #import <KorvoQRParser/ObjectiveC/QRCodeData.h>
+#import <KorvoQRParser/ObjectiveC/QRCodeDataProperty.h>
 #import <KorvoQRParser/ObjectiveC/QRCodeError.h>
+#import <KorvoQRParser/ObjectiveC/QRCodeErrorCode.h>
+#import <KorvoQRParser/ObjectiveC/QRCodeExplainer.h>
+#import <KorvoQRParser/ObjectiveC/QRCodeExplanation.h>
 #import <KorvoQRParser/ObjectiveC/QRCodeParser.h>
 #import <KorvoQRParser/ObjectiveC/QRCodeParserResponse.h>
 

@@ -3,6 +3,7 @@
 
 #import <KorvoQRParser/KorvoQRParserExport.h>
 #import <KorvoQRParser/ObjectiveC/Compatibility.h>
+#import <KorvoQRParser/ObjectiveC/QRCodeDataProperty.h>
 
 struct KorvoQRCodeDataStorage;
 
@@ -50,8 +51,21 @@ KORVO_EXPORT
 @property(nonatomic, readonly, copy) NSString* utf8JSON;
 
 /// The names of all properties. To walk over a record, ask it for the value of each name with -valueForKey:,
-/// which is a string or nil for a text, and a number for a flag.
+/// which is a string or nil for a text, and a number for a flag; or ask for the property at each place, as
+/// below.
 + (KORVO_ARRAY_OF(NSString*) *)propertyNames;
+
+/// The text of a property; nil when it is absent, for a flag, and for a number that is no property.
+- (NSString* _Nullable)textOfProperty:(QRCodeDataProperty)property KORVO_SWIFT_NAME(text(of:));
+
+/// A flag, as its own getter returns it; NO for a text, and for a number that is no property.
+- (BOOL)flagOfProperty:(QRCodeDataProperty)property KORVO_SWIFT_NAME(flag(of:));
+
+/// The name of a property, as in propertyNames; nil for a number that is no property.
++ (NSString* _Nullable)nameOfProperty:(QRCodeDataProperty)property KORVO_SWIFT_NAME(name(of:));
+
+/// Whether a property is a flag; NO for a text, and for a number that is no property.
++ (BOOL)isFlagProperty:(QRCodeDataProperty)property KORVO_SWIFT_NAME(isFlag(_:));
 
 /// The record as 69 lines "name: value", each ended by a line feed: an absent text is nil, a flag true or
 /// false, nothing is quoted or escaped. npciid1 appears on two lines; npciid2 and additionalDataField do not

@@ -3,6 +3,7 @@
 
 #import <KorvoQRParser/KorvoQRParserExport.h>
 #import <KorvoQRParser/ObjectiveC/Compatibility.h>
+#import <KorvoQRParser/ObjectiveC/QRCodeErrorCode.h>
 
 struct KorvoQRCodeErrorStorage;
 
@@ -35,6 +36,12 @@ KORVO_EXPORT
 
 /// The meaning of a code in plain English, one sentence; nil for a text that is no code of the catalogue.
 + (NSString* _Nullable)meaningOfErrorCode:(NSString*)code;
+
+/// The enumerator of a code; QRCodeErrorCodeUnknown for a text that is no code of the catalogue.
++ (QRCodeErrorCode)errorCodeFromText:(NSString*)text KORVO_SWIFT_NAME(errorCode(fromText:));
+
+/// The code of an enumerator as text; nil for a number that is no code of the catalogue.
++ (NSString* _Nullable)textOfErrorCode:(QRCodeErrorCode)code KORVO_SWIFT_NAME(text(of:));
 
 /// The codes as one line of text: each code followed by one blank, the last one too ("41 48 "); the empty
 /// text for an empty list. Made anew on every call.

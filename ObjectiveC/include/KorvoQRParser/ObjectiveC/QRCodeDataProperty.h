@@ -1,0 +1,86 @@
+#ifndef KORVOQRPARSER_OBJECTIVEC_QRCODEDATAPROPERTY_H
+#define KORVOQRPARSER_OBJECTIVEC_QRCODEDATAPROPERTY_H
+
+#import <KorvoQRParser/ObjectiveC/Compatibility.h>
+
+NS_ASSUME_NONNULL_BEGIN
+
+/// The properties of QRCodeData, in the order of +[QRCodeData propertyNames]: the first is 0, and each one is
+/// its place in that list. A later version may add some at the end.
+// NOLINTNEXTLINE(modernize-use-using)
+typedef NS_ENUM(NSInteger, QRCodeDataProperty) {
+    QRCodeDataPropertyKorvoMerchantID,
+    QRCodeDataPropertyKorvoMerchantPAN,
+    QRCodeDataPropertyMerchantName,
+    QRCodeDataPropertyMerchantCategoryCode,
+    QRCodeDataPropertyCityName,
+    QRCodeDataPropertyCountryCode,
+    QRCodeDataPropertyCurrencyCode,
+    QRCodeDataPropertyTransactionAmount,
+    QRCodeDataPropertyPrimaryID,
+    QRCodeDataPropertySecondaryID,
+    QRCodeDataPropertyTipAndFeeIndicator,
+    QRCodeDataPropertyConvenienceFeeAmount,
+    QRCodeDataPropertyConvenienceFeePercentage,
+    QRCodeDataPropertyPayloadFormatIndicator,
+    QRCodeDataPropertyPointOfInitiation,
+    QRCodeDataPropertyPostalCode,
+    QRCodeDataPropertyMasterCardPAN1,
+    QRCodeDataPropertyMasterCardPAN2,
+    QRCodeDataPropertyNpciid1,
+    QRCodeDataPropertyNpciid2,
+    QRCodeDataPropertyCrc,
+    QRCodeDataPropertyTag03,
+    QRCodeDataPropertyTag08,
+    QRCodeDataPropertyTag09,
+    QRCodeDataPropertyTag10,
+    QRCodeDataPropertyTag11,
+    QRCodeDataPropertyTag12,
+    QRCodeDataPropertyTag13,
+    QRCodeDataPropertyTag14,
+    QRCodeDataPropertyTag15,
+    QRCodeDataPropertyAdditionalDataField,
+    QRCodeDataPropertyBillID,
+    QRCodeDataPropertyMobileNumber,
+    QRCodeDataPropertyStoreID,
+    QRCodeDataPropertyLoyaltyNumber,
+    QRCodeDataPropertyReferenceID,
+    QRCodeDataPropertyConsumerID,
+    QRCodeDataPropertyTerminalID,
+    QRCodeDataPropertyPurpose,
+    QRCodeDataPropertyAdditionalConsumerDataRequest,
+    QRCodeDataPropertyAddDataMasterCard1,
+    QRCodeDataPropertyAddDataMasterCard2,
+    QRCodeDataPropertyAddDataNpci1,
+    QRCodeDataPropertyAddDataNpci2,
+    QRCodeDataPropertyTagSixtyTwo10,
+    QRCodeDataPropertyTagSixtyTwo15,
+    QRCodeDataPropertyTagSixtyTwo16,
+    QRCodeDataPropertyTagSixtyTwo17,
+    QRCodeDataPropertyTagSixtyTwo18,
+    QRCodeDataPropertyTagSixtyTwo19,
+    QRCodeDataPropertyTagSixtyTwo20,
+    QRCodeDataPropertyTagSixtyTwo21,
+    QRCodeDataPropertyTagSixtyTwo22,
+    QRCodeDataPropertyIsBillIDMandatory,
+    QRCodeDataPropertyIsMobileNumberMandatory,
+    QRCodeDataPropertyIsStoreIDMandatory,
+    QRCodeDataPropertyIsLoyaltyNumberMandatory,
+    QRCodeDataPropertyIsReferenceIDMandatory,
+    QRCodeDataPropertyIsConsumerIDMandatory,
+    QRCodeDataPropertyIsTerminalIDMandatory,
+    QRCodeDataPropertyIsPurposeMandatory,
+    QRCodeDataPropertyIsAdditonalConsumerDataRequestMandatory,
+    QRCodeDataPropertyIsAddDataMasterCard1Mandatory,
+    QRCodeDataPropertyIsAddDataMasterCard2Mandatory,
+    QRCodeDataPropertyIsAddDataNpci1Mandatory,
+    QRCodeDataPropertyIsAddDataNpci2Mandatory,
+    QRCodeDataPropertyIsPrimaryIDMandatory,
+    QRCodeDataPropertyIsSecondaryIDMandatory,
+    QRCodeDataPropertyPrimaryIDLength,
+    QRCodeDataPropertySecondaryIDLength,
+};
+
+NS_ASSUME_NONNULL_END
+
+#endif
