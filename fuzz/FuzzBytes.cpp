@@ -2,9 +2,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
-/// Parses the bytes of the fuzzer unchanged.
+/// Parses and explains the bytes of the fuzzer unchanged.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    korvo::fuzz::checkPromises({reinterpret_cast<const char*>(data), size});
+    const std::string_view payload(reinterpret_cast<const char*>(data), size);
+    korvo::fuzz::checkPromises(payload);
+    korvo::fuzz::checkExplanation(payload);
     return 0;
 }

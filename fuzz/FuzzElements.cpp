@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace korvo::fuzz {
@@ -34,10 +35,12 @@ class Choices {
 }  // namespace
 }  // namespace korvo::fuzz
 
-/// Parses payloads made of elements with right or slightly wrong lengths, values and checksums, so that the
-/// fuzzer reaches the rules and the record and not only the decoder.
+/// Parses and explains payloads made of elements with right or slightly wrong lengths, values and checksums,
+/// so that the fuzzer reaches the rules and the record and not only the decoder.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     korvo::fuzz::Choices choices(data, size);
-    korvo::fuzz::checkPromises(korvo::test::generatedPayload(choices));
+    const std::string payload = korvo::test::generatedPayload(choices);
+    korvo::fuzz::checkPromises(payload);
+    korvo::fuzz::checkExplanation(payload);
     return 0;
 }

@@ -15,14 +15,14 @@
 
 namespace korvo::fuzz {
 
-namespace {
-
 void promise(bool isKept, const char* what) {
     if (!isKept) {
         std::fprintf(stderr, "broken promise: %s\n", what);
         std::abort();
     }
 }
+
+namespace {
 
 // The texts of the record that were copied from the payload; the others are derived.
 std::vector<std::string> receivedTexts(const QRCodeData& data) {
