@@ -36,19 +36,19 @@ constexpr auto crcTables = makeCRCTables();
 
 }  // namespace
 
-std::uint16_t computeCRC16(std::string_view text, std::uint16_t start) noexcept {
+std::uint16_t computeCRC16(std::string_view text, std::uint16_t crc) noexcept {
     const auto* bytes = reinterpret_cast<const unsigned char*>(text.data());
     std::size_t left = text.size();
-    unsigned crc = start;
+    unsigned state = crc;
     for (; left >= stride; left -= stride, bytes += stride) {
-        crc = crcTables[7][bytes[0] ^ (crc >> 8U)] ^ crcTables[6][bytes[1] ^ (crc & 0xFFU)] ^
-              crcTables[5][bytes[2]] ^ crcTables[4][bytes[3]] ^ crcTables[3][bytes[4]] ^
-              crcTables[2][bytes[5]] ^ crcTables[1][bytes[6]] ^ crcTables[0][bytes[7]];
+        state = crcTables[7][bytes[0] ^ (state >> 8U)] ^ crcTables[6][bytes[1] ^ (state & 0xFFU)] ^
+                crcTables[5][bytes[2]] ^ crcTables[4][bytes[3]] ^ crcTables[3][bytes[4]] ^
+                crcTables[2][bytes[5]] ^ crcTables[1][bytes[6]] ^ crcTables[0][bytes[7]];
     }
     for (; left > 0; --left, ++bytes) {
-        crc = ((crc << 8U) & 0xFF00U) ^ crcTables[0][(crc >> 8U) ^ *bytes];
+        state = ((state << 8U) & 0xFF00U) ^ crcTables[0][(state >> 8U) ^ *bytes];
     }
-    return static_cast<std::uint16_t>(crc);
+    return static_cast<std::uint16_t>(state);
 }
 
 std::uint16_t checksumOfPayload(std::string_view payload) noexcept {

@@ -1,6 +1,7 @@
 #include <KorvoQRParser/Explanation/Causes.h>
 #include <KorvoQRParser/Explanation/ReadingCauses.h>
 #include <KorvoQRParser/Explanation/Violations.h>
+#include <KorvoQRParser/Explanation/VisibleText.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -12,11 +13,6 @@ namespace {
 
 using Facts = QRCodeExplanation::Facts;
 
-std::string capitalised(std::string text) {
-    text[0] = asciiUpperCase(text[0]);
-    return text;
-}
-
 // The meaning of a violated rule, with the tag and the fact.
 std::string causeOf(const QRCodeViolation& violation, std::string_view tag) {
     std::string sentence(violation.meaning());
@@ -26,15 +22,24 @@ std::string causeOf(const QRCodeViolation& violation, std::string_view tag) {
     return sentence += ").";
 }
 
-// Appends the causes of the rules that the elements violate, except the checksum's.
-void appendViolations(const std::vector<QRCodeElement>& elements, std::vector<std::string>& causes) {
+// Whether another sentence is about the same: that on the checksum, or the diagnosis of a country or
+// currency.
+bool isSaidOtherwise(std::string_view code, bool isDiagnosed) {
+    return code == KorvoErrorConstants::crcInvalidValue ||
+           (isDiagnosed && (code == KorvoErrorConstants::countryCodeInvalidLengthOrCharacters ||
+                            code == KorvoErrorConstants::currencyCodeInvaidLength));
+}
+
+// Appends the causes of the rules that the elements violate.
+void appendViolations(const std::vector<QRCodeElement>& elements, bool hasCauses,
+                      std::vector<std::string>& causes) {
     for (const QRCodeElement& element : elements) {
         for (const QRCodeViolation& violation : element.violations()) {
-            if (violation.code() != KorvoErrorConstants::crcInvalidValue) {
+            if (!isSaidOtherwise(violation.code(), hasCauses)) {
                 causes.push_back(causeOf(violation, element.name()));
             }
         }
-        appendViolations(element.elements(), causes);
+        appendViolations(element.elements(), hasCauses, causes);
     }
 }
 
@@ -95,14 +100,14 @@ std::vector<std::string> causesOfRules(const Facts& facts, const Diagnosis& diag
                          namedTag(facts.elements.back().name(), facts.elements.back().meaning()) +
                          "; it may be cut. " + causeOfMissing(facts));
     }
-    appendViolations(facts.elements, causes);
+    appendViolations(facts.elements, !diagnosis.causes.empty(), causes);
     if (!facts.missing.empty() && !mayBeCut(facts)) {
         causes.push_back(causeOfMissing(facts));
     }
     const bool isChecksumWrong =
         !facts.errorCodes.empty() && facts.errorCodes.back() == KorvoErrorConstants::crcInvalidValue;
     if (isChecksumWrong && diagnosis.repairs.empty()) {
-        causes.push_back(
+        causes.emplace_back(
             "The checksum does not match the text: some character was changed, or the checksum "
             "was computed wrongly; check the values first.");
     }
@@ -140,9 +145,19 @@ std::optional<std::string> causeOfCut(std::string_view payload, const PayloadWal
                                consequence);
 }
 
+void removeRepetitions(std::vector<std::string>& causes) {
+    for (std::size_t i = 0; i < causes.size(); ++i) {
+        const auto rest = causes.begin() + static_cast<std::ptrdiff_t>(i) + 1;
+        causes.erase(std::remove(rest, causes.end(), causes[i]), causes.end());
+    }
+}
+
 }  // namespace
 
 std::string causeOfFault(const QRCodeFault& fault) {
+    if (fault.kind() == QRCodeFaultKind::missingChecksum) {
+        return "The text ends without tag 63: it is cut, or without its checksum.";
+    }
     return capitalised(std::string(fault.kindText())) + ": " + fault.reason() + " (offset " +
            std::to_string(fault.offset()) + ").";
 }
@@ -164,6 +179,7 @@ std::vector<std::string> orderedCauses(const Facts& facts, const PayloadWalk& wa
     if (causes.empty()) {
         causes.push_back(causeOfFault(*facts.fault));
     }
+    removeRepetitions(causes);
     return causes;
 }
 

@@ -1,6 +1,7 @@
 #include <KorvoQRParser/Explanation/Caution.h>
 #include <KorvoQRParser/Explanation/VisibleText.h>
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -43,7 +44,7 @@ std::string quoted(const Value& value) {
 }  // namespace
 
 MoneyChange compareMoney(std::string_view payload, const PayloadWalk& walk, std::string_view repaired,
-                         std::string_view changedName) {
+                         const std::vector<std::string>& changedNames) {
     const PayloadWalk after(repaired);
     const bool isTwoDigit = isTwoDigitPayload(repaired).value_or(false);
     // A text that begins otherwise was not read in the same format at all.
@@ -55,8 +56,8 @@ MoneyChange compareMoney(std::string_view payload, const PayloadWalk& walk, std:
         const std::string_view tag = isTwoDigit ? twoDigitTag : oneCharacterTag;
         const Value before = isSameFormat ? valueOf(walk, tag) : std::nullopt;
         const Value now = valueOf(after, tag);
-        change.isChanged =
-            change.isChanged || (before && before != now) || (!tag.empty() && tag == changedName);
+        change.isChanged = change.isChanged || (before && before != now) ||
+                           std::find(changedNames.begin(), changedNames.end(), tag) != changedNames.end();
         if (tag.empty() || (!before && !now && !isAlwaysNamed)) {
             continue;
         }

@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvo {
 
@@ -16,10 +17,10 @@ struct MoneyChange {
     std::string sentence;
 };
 
-/// Compares a refused payload, with its walk, and a repaired one. A length that is changed, that of the tag
-/// with this name, changes how its value reads, even if it could not be read at all.
+/// Compares a refused payload, with its walk, and a repaired one. A value whose length is changed reads
+/// differently, even if it could not be read at all before.
 MoneyChange compareMoney(std::string_view payload, const PayloadWalk& walk, std::string_view repaired,
-                         std::string_view changedName);
+                         const std::vector<std::string>& changedNames);
 
 }  // namespace korvo
 

@@ -26,22 +26,17 @@ struct Finding {
 };
 
 std::string_view nameOf(TLVDecodingError error) {
-    std::string_view name;
     switch (error) {
         case TLVDecodingError::InvalidLength:
-            name = "InvalidLength";
-            break;
+            return "InvalidLength";
         case TLVDecodingError::InvalidTagLength:
-            name = "InvalidTagLength";
-            break;
+            return "InvalidTagLength";
         case TLVDecodingError::RepeatedTag:
-            name = "RepeatedTag";
-            break;
+            return "RepeatedTag";
         case TLVDecodingError::InvalidTag:
-            name = "InvalidTag";
-            break;
+            return "InvalidTag";
     }
-    return name;
+    return "";
 }
 
 std::string remaining(std::int64_t count) {
@@ -168,12 +163,13 @@ Finding wrongShape(const TLVFault& fault) {
     }
     if (element.tag.empty()) {
         return {Kind::endsEarly, rest.data(),
-                "a tag takes " + counted(wanted, "character") + ", but " + remaining(left)};
+                "a tag takes " + counted(static_cast<std::size_t>(wanted), "character") + ", but " +
+                    remaining(left)};
     }
     if (element.length.empty()) {
         return {Kind::endsEarly, rest.data(),
-                "the length of tag " + inQuotes(element.tag) + " takes " + counted(wanted, "character") +
-                    ", but " + remaining(left)};
+                "the length of tag " + inQuotes(element.tag) + " takes " +
+                    counted(static_cast<std::size_t>(wanted), "character") + ", but " + remaining(left)};
     }
     return wrongLength(fault, format.readLength(element.length), left);
 }

@@ -46,14 +46,6 @@ std::optional<std::string> mendedCurrency(std::string_view value) {
     return std::nullopt;
 }
 
-std::string hexadecimal(std::uint16_t number, bool isLower) {
-    std::string text;
-    for (const int shift : {12, 8, 4, 0}) {
-        text += (isLower ? "0123456789abcdef" : "0123456789ABCDEF")[number >> shift & 0xF];
-    }
-    return text;
-}
-
 class Writer {
   public:
     Writer(const Draft& draft, const Characters& text, const Reading& reading, bool isTwoDigit)
@@ -181,7 +173,7 @@ class Writer {
                                                  ", is written in lower case, " + inQuotes(value) + '.'
                                            : "The currency code, " + namedTag(piece.name, "") +
                                                  ", is written in letters, " + inQuotes(value) +
-                                                 "; this scheme has the number " + *better + '.');
+                                                 "; it must be the number " + *better + '.');
     }
 
     void writeChecksum(const Piece* piece) {
@@ -189,7 +181,7 @@ class Writer {
             piece != nullptr && !piece->isBroken && piece->end - piece->value == checksumLength;
         std::string_view written;
         if (isUsable) {
-            write(*piece, reading_.isChecksumMoved, written);
+            writeHead(*piece, reading_.isChecksumMoved, written);
         } else {
             writeNewHead(piece);
         }
@@ -202,11 +194,11 @@ class Writer {
         mended_.replacesChecksum = isUsable;
         const bool isLower = std::any_of(written.begin(), written.end(), isLowerCase) &&
                              std::none_of(written.begin(), written.end(), isUpperCase);
-        mended_.draft.insert(hexadecimal(computed, isLower));
+        mended_.draft.insert(checksumText(computed, isLower));
     }
 
     // The head of a usable checksum; its value goes to `written`.
-    void write(const Piece& piece, bool isMoved, std::string_view& written) {
+    void writeHead(const Piece& piece, bool isMoved, std::string_view& written) {
         copy(piece.tag, piece.value, isMoved);
         written = text_.between(piece.value, piece.end);
     }
@@ -235,6 +227,14 @@ class Writer {
 };
 
 }  // namespace
+
+std::string checksumText(std::uint16_t number, bool isLower) {
+    std::string text;
+    for (const int shift : {12, 8, 4, 0}) {
+        text += (isLower ? "0123456789abcdef" : "0123456789ABCDEF")[number >> shift & 0xF];
+    }
+    return text;
+}
 
 Mended mend(const Draft& draft, const Characters& text, const Reading& reading, bool isTwoDigit) {
     return Writer(draft, text, reading, isTwoDigit).mended();

@@ -4,10 +4,14 @@
 #include <KorvoQRParser/Explanation/Draft.h>
 #include <KorvoQRParser/Explanation/Readings.h>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace korvo {
+
+/// A checksum as it is written: four hexadecimal digits.
+std::string checksumText(std::uint16_t number, bool isLower);
 
 /// The payload that a reading stands for, written without its mistakes.
 struct Mended {

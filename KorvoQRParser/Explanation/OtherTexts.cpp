@@ -20,7 +20,7 @@ constexpr std::array kinds{Kind{"http:", "a web address"},
                            Kind{"https:", "a web address"},
                            Kind{"www.", "a web address"},
                            Kind{"ftp:", "a web address"},
-                           Kind{"wifi:", "the login of a Wi-Fi network"},
+                           Kind{"wifi:", "access data for a Wi-Fi network"},
                            Kind{"begin:vcard", "a contact card"},
                            Kind{"mecard:", "a contact card"},
                            Kind{"bizcard:", "a contact card"},
@@ -91,7 +91,8 @@ bool isUTF16(std::string_view bytes) {
         zeros[i % 2] += bytes[i] == '\0' ? 1 : 0;
     }
     const std::size_t half = bytes.size() / 2;
-    return half > 2 && (zeros[0] > half * 3 / 4 || zeros[1] > half * 3 / 4);
+    const auto [fewer, more] = std::minmax(zeros[0], zeros[1]);
+    return half > 2 && more > half * 3 / 4 && fewer < half / 4;
 }
 
 std::size_t firstMalformedByte(std::string_view bytes) {

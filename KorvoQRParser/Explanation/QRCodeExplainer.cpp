@@ -4,26 +4,20 @@
 #include <KorvoQRParser/Explanation/Causes.h>
 #include <KorvoQRParser/Explanation/ExplanationFacts.h>
 #include <KorvoQRParser/Explanation/FaultReason.h>
+#include <KorvoQRParser/Explanation/Mending.h>
 #include <KorvoQRParser/Explanation/OtherTexts.h>
 #include <KorvoQRParser/Explanation/QRCodeExplainer.h>
 #include <KorvoQRParser/Explanation/Repairs.h>
 #include <KorvoQRParser/Explanation/Violations.h>
 #include <KorvoQRParser/Parser/QRCodeParser.h>
 
-#include <array>
-#include <cstdio>
+#include <cstdint>
 #include <memory>
 #include <utility>
 
 namespace korvo {
 
 namespace {
-
-std::string hexadecimal(unsigned number) {
-    std::array<char, 8> digits{};
-    std::snprintf(digits.data(), digits.size(), "%04X", number);
-    return digits.data();
-}
 
 // The checksum of a text in the two-digit format. One that ends with a checksum of the wrong length is taken
 // without it.
@@ -33,7 +27,7 @@ std::optional<QRCodeChecksum> checksumOf(std::string_view payload, const Payload
         return std::nullopt;
     }
     std::string_view found = payload.substr(covered.size());
-    unsigned computed = computeCRC16(covered);
+    std::uint16_t computed = computeCRC16(covered);
     const bool isMatching = parseInteger(found, 16) == std::int64_t{computed};
     if (!walk.fault && walk.elements.back().element.value.characterCount() != checksumLength) {
         const TLVElement& checksum = walk.elements.back().element;
@@ -42,7 +36,7 @@ std::optional<QRCodeChecksum> checksumOf(std::string_view payload, const Payload
         computed = computeCRC16(checksumHead, computeCRC16(payload.substr(0, place)));
     }
     return QRCodeChecksum(std::make_shared<QRCodeChecksum::Facts>(
-        QRCodeChecksum::Facts{std::string(found), hexadecimal(computed), isMatching}));
+        QRCodeChecksum::Facts{std::string(found), checksumText(computed, false), isMatching}));
 }
 
 QRCodeElement elementOf(WalkedElement& walked, std::vector<QRCodeElement> inside) {
@@ -85,9 +79,6 @@ void findCauses(QRCodeExplanation::Facts& facts, const PayloadWalk& walk) {
     std::string cause = causeWithoutSearch(facts);
     if (!cause.empty()) {
         facts.causes.push_back(std::move(cause));
-        if (facts.fault) {
-            facts.causes.push_back(causeOfFault(*facts.fault));
-        }
         return;
     }
     Diagnosis diagnosis =

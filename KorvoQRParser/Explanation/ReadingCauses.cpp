@@ -10,11 +10,6 @@ namespace korvo {
 
 namespace {
 
-std::string capitalised(std::string text) {
-    text[0] = asciiUpperCase(text[0]);
-    return text;
-}
-
 std::string_view nameOf(LengthUnit unit) {
     switch (unit) {
         case LengthUnit::characters:

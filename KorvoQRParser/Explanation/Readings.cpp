@@ -22,8 +22,9 @@ bool isDroppedTag(std::size_t number) {
 
 // How improbable it is that a value with `actual` characters got the written length.
 double lengthCost(std::int64_t written, std::size_t actual, std::string_view value, std::size_t headLength) {
-    constexpr double unreadable = 1.2;
     constexpr double likely = 1;
+    constexpr double possible = 1.2;
+    constexpr double unreadable = 1.3;
     if (written < 0) {
         return unreadable;
     }
@@ -38,7 +39,7 @@ double lengthCost(std::int64_t written, std::size_t actual, std::string_view val
     const bool isReversed = length == written % 10 * 10 + written / 10;
     const bool countsHead = written == length + static_cast<std::int64_t>(headLength);
     const double byDistance = distance <= 3 ? 0.9 + 0.1 * distance : 1 + 0.15 * distance;
-    return isReversed || countsHead ? std::min(byDistance, unreadable) : byDistance;
+    return isReversed || countsHead ? std::min(byDistance, possible) : byDistance;
 }
 
 // Pieces inside tag 62, with the mistakes that they need.
@@ -46,8 +47,17 @@ struct InsideReading {
     std::vector<Piece> pieces;
     int mistakes = 0;
     double cost = 0;
-    std::string changedName;
+    std::vector<std::string> changedNames;
 };
+
+// Whether a length field that is no number may have been one: a digit, and a character that looks like one.
+bool looksLikeNumber(std::string_view field) {
+    constexpr std::string_view lookAlikes = "OoQDlI|SBZ ";
+    const auto isIn = [field](std::string_view set) {
+        return field.find_first_of(set) != std::string_view::npos;
+    };
+    return field.size() == 2 && isIn("0123456789") && isIn(lookAlikes);
+}
 
 // A text in one of the formats.
 class TaggedText {
@@ -168,6 +178,22 @@ class Search : TaggedText {
         return tag < firstTemplateTag || length >= piece.written || !isTemplate(piece.value, piece.end);
     }
 
+    // Whether a changed length was written with characters that are no digits and do not look like any.
+    bool isStrange(const Piece& piece) const {
+        const std::string_view field = text().between(piece.length, piece.value);
+        return isTwoDigit() && piece.written < 0 && piece.fieldWidth() == width() && !looksLikeNumber(field);
+    }
+
+    // Whether an element, as written, has a sequence of elements in it.
+    bool hasTemplateAt(std::size_t place, std::size_t tag) const {
+        const std::size_t value = place + 2 * width();
+        const std::int64_t length =
+            value <= text().count() ? format().readLength(text().between(place + width(), value)) : -1;
+        return tag >= firstTemplateTag && length > 0 &&
+               value + static_cast<std::size_t>(length) <= text().count() &&
+               isTemplate(value, value + static_cast<std::size_t>(length));
+    }
+
     bool isTemplate(std::size_t place, std::size_t end) const {
         while (place < end) {
             if (place + 4 > end || twoDigitNumber(text().between(place, place + 2)) < 0) {
@@ -209,10 +235,13 @@ class Search : TaggedText {
             readDuplicate(place, *tag, mistakes, isAstray);
             return;
         }
-        // After a mistake, a tag that the record does not keep is only believed at its place in the order.
-        const bool isDoubted = isAstray && isTwoDigit() && isDroppedTag(*tag) && *tag < highestTag_;
+        // After a mistake, a tag that the record does not keep is only believed at its place in the order,
+        // and with a sequence of elements in it.
+        const bool isUnkept = isAstray && isTwoDigit() && isDroppedTag(*tag);
+        const bool isDoubted = isUnkept && (*tag < highestTag_ || !hasTemplateAt(place, *tag));
         const std::size_t highest = std::exchange(highestTag_, std::max(highestTag_, *tag));
         const bool isDoubtful = std::exchange(current_.isDoubtful, current_.isDoubtful || isDoubted);
+        const bool isGuessed = std::exchange(current_.isGuessed, current_.isGuessed || isUnkept);
         seen_[*tag] = true;
         forEachPiece(place, *tag, text().count(), false, mistakes > 0, [&](const Piece& piece, double cost) {
             // No element is shortened to the end of the text: what is there may be the rest of a longer one.
@@ -224,6 +253,7 @@ class Search : TaggedText {
         });
         seen_[*tag] = false;
         current_.isDoubtful = isDoubtful;
+        current_.isGuessed = isGuessed;
         highestTag_ = highest;
     }
 
@@ -231,10 +261,13 @@ class Search : TaggedText {
         const bool isOpened = isTwoDigit() && rawTag(tag) == additionalDataTag;
         if (!isOpened) {
             const bool isForbidden = current_.isForbidden;
+            const bool isDoubtful = current_.isDoubtful;
             current_.isForbidden = isForbidden || (cost > 0 && couldHide(piece, tag));
-            with(piece, cost, cost > 0 ? piece.name : "",
+            current_.isDoubtful = isDoubtful || (cost > 0 && isStrange(piece));
+            with(piece, cost, cost > 0 ? std::vector{piece.name} : std::vector<std::string>(),
                  [&] { readRoot(piece.end, mistakes - (cost > 0 ? 1 : 0), isAstray || cost > 0); });
             current_.isForbidden = isForbidden;
+            current_.isDoubtful = isDoubtful;
             return;
         }
         for (InsideReading& inside : readInside(piece.value, piece.end, mistakes)) {
@@ -246,25 +279,24 @@ class Search : TaggedText {
             const int used = inside.mistakes + (isRight ? 0 : 1);
             if (used <= mistakes) {
                 const double total = inside.cost + (isRight ? 0 : std::max(cost, 1.0));
-                with(opened, total, isRight ? inside.changedName : piece.name,
+                with(opened, total, isRight ? inside.changedNames : std::vector{piece.name},
                      [&] { readRoot(opened.end, mistakes - used, isAstray || used > 0); });
             }
         }
     }
 
-    std::string_view rawTag(std::size_t tag) const { return tlv01TagRows[tag].rawValue; }
+    static std::string_view rawTag(std::size_t tag) { return tlv01TagRows[tag].rawValue; }
 
     // Continues a reading with one more piece.
     template <class Continue>
-    void with(const Piece& piece, double cost, const std::string& changedName, Continue next) {
+    void with(const Piece& piece, double cost, const std::vector<std::string>& changedNames, Continue next) {
         current_.pieces.push_back(piece);
         current_.cost += cost;
-        const std::string earlier = current_.changedName;
-        if (!changedName.empty() && earlier.empty()) {
-            current_.changedName = changedName;
-        }
+        auto& names = current_.changedNames;
+        const std::size_t count = names.size();
+        names.insert(names.end(), changedNames.begin(), changedNames.end());
         next();
-        current_.changedName = earlier;
+        names.resize(count);
         current_.cost -= cost;
         current_.pieces.pop_back();
     }
@@ -285,7 +317,7 @@ class Search : TaggedText {
         copy.isDuplicate = true;
         copy.inside.clear();
         if (text().between(copy.tag, copy.end) == text().between(first->tag, first->end)) {
-            with(copy, 1.0, "", [&] { readRoot(end, mistakes - 1, isAstray); });
+            with(copy, 1.0, {}, [&] { readRoot(end, mistakes - 1, isAstray); });
         }
     }
 
@@ -306,7 +338,7 @@ class Search : TaggedText {
         Piece piece{std::string(checksumTag), place, std::min(place + 2, text().count()), value,
                     text().count(),           -1};
         piece.isBroken = true;
-        with(piece, 1.1, "", [&] { finish(mistakes - 1); });
+        with(piece, 1.1, {}, [&] { finish(mistakes - 1); });
     }
 
     void finish(int mistakes) {
@@ -334,9 +366,20 @@ class Search : TaggedText {
             if (moves > mistakes) {
                 return;
             }
+            // A checksum of another length in the middle is a misreading.
+            const auto isMisread = [](const Piece* piece) {
+                return piece->name == checksumTag && piece->end - piece->value != checksumLength;
+            };
+            if (reading.isChecksumMoved && std::any_of(kept.begin(), kept.end(), isMisread)) {
+                return;
+            }
             reading.cost += moves;
         }
-        reading.cost += disorderOf(kept);
+        constexpr double obvious = 1.25;
+        const double disorder = disorderOf(kept);
+        reading.isGuessed =
+            reading.isGuessed || (!reading.changedNames.empty() && (reading.cost > obvious || disorder > 0));
+        reading.cost += disorder;
         found_.push_back(std::move(reading));
     }
 
@@ -344,8 +387,13 @@ class Search : TaggedText {
     static double disorderOf(const std::vector<const Piece*>& pieces) {
         constexpr double perDescent = 0.3;
         double disorder = 0;
-        for (std::size_t i = 1; i < pieces.size(); ++i) {
-            disorder += pieces[i]->name < pieces[i - 1]->name ? perDescent : 0;
+        const Piece* last = nullptr;
+        for (const Piece* const piece : pieces) {
+            if (piece->name == formatTag || piece->name == checksumTag) {
+                continue;  // these two have fixed places
+            }
+            disorder += last != nullptr && piece->name < last->name ? perDescent : 0;
+            last = piece;
         }
         return disorder;
     }
@@ -407,7 +455,9 @@ class Search : TaggedText {
         inside_.pieces.push_back(piece);
         inside_.cost += cost;
         inside_.mistakes += cost > 0 ? 1 : 0;
-        inside_.changedName += changedName;
+        if (!changedName.empty()) {
+            inside_.changedNames.push_back(changedName);
+        }
         next();
         inside_ = earlier;
     }
@@ -436,8 +486,9 @@ class UnitSearch : TaggedText {
         const bool isWhole = read(0, text().count(), false, reading.pieces) && !reading.pieces.empty();
         const bool isEnclosed = !isTwoDigit() || (isWhole && reading.pieces.front().name == formatTag &&
                                                   reading.pieces.back().name == checksumTag);
-        reading.changedName = changedName_;
-        return isWhole && isEnclosed && !changedName_.empty() ? std::vector{reading} : std::vector<Reading>();
+        reading.changedNames = changedNames_;
+        return isWhole && isEnclosed && !changedNames_.empty() ? std::vector{reading}
+                                                               : std::vector<Reading>();
     }
 
   private:
@@ -468,14 +519,14 @@ class UnitSearch : TaggedText {
         while (length < piece.written && piece.end < limit) {
             length += static_cast<std::int64_t>(lengthIn(unit_, text().at(piece.end++)));
         }
-        if (changedName_.empty() && static_cast<std::int64_t>(piece.end - piece.value) != piece.written) {
-            changedName_ = piece.name;
+        if (static_cast<std::int64_t>(piece.end - piece.value) != piece.written) {
+            changedNames_.push_back(piece.name);
         }
         return length == piece.written;
     }
 
     LengthUnit unit_;
-    std::string changedName_;
+    std::vector<std::string> changedNames_;
 };
 
 }  // namespace

@@ -30,13 +30,14 @@ struct Reading {
     std::vector<Piece> pieces;
     LengthUnit unit = LengthUnit::characters;  ///< that the written lengths count
     double cost = 0;                           ///< how improbable the mistakes are: about 1 for each
-    /// The element whose length was taken to be wrong, as in Piece::name; empty if there is none.
-    std::string changedName;
+    /// The elements whose lengths were taken to be wrong, as in Piece::name.
+    std::vector<std::string> changedNames;
     bool isFormatMoved = false;      ///< tag 00 is not first
     bool isFormatMissing = false;    ///< there is no tag 00
     bool isChecksumMoved = false;    ///< tag 63 is not last
     bool isChecksumMissing = false;  ///< there is no tag 63
-    bool isDoubtful = false;         ///< only believable if the checksum confirms it
+    bool isGuessed = false;          ///< a changed length is not obvious
+    bool isDoubtful = false;         ///< only believable if the checksum of the repaired text confirms it
     bool isForbidden = false;  ///< a cause, but its repair could hide elements in a tag that is not kept
 };
 

@@ -23,8 +23,9 @@ struct Candidate {
     double cost;
     std::string cause;
     MoneyChange money;
-    bool isOpenEnded;          // the text may be cut
-    bool isExplained = false;  // the written checksum is that of the text as it stands, and nothing else fits
+    bool isOpenEnded;  // the text may be cut
+    bool isGuessed;    // other repairs are nearly as likely
+    bool isVouchedFor = false;
 };
 
 // The codes of a payload; none if it is accepted.
@@ -99,16 +100,25 @@ class Doctor {
     }
 
     void tryInsertions(const Variant& variant) {
-        if (isSure() || variant.draft.text().substr(0, 2) != formatTag) {
+        constexpr int mostInsertions = 64;
+        const std::string& whole = variant.draft.text();
+        const bool isPossible =
+            whole.substr(0, 2) == formatTag && whole.find(checksumHead) != std::string::npos;
+        if (isSure() || !isPossible) {
             return;
         }
         const bool earlier = std::exchange(mustKeepChecksum_, true);
-        for (Variant& shorter : variantsWithoutInsertions(variant.draft)) {
+        const Characters wholeText(whole);
+        for (const Insertions& insertions : insertionsIn(wholeText)) {
+            if (++insertions_ > mostInsertions) {
+                break;
+            }
+            Variant shorter = withoutInsertions(variant.draft, wholeText, insertions);
             shorter.cost += variant.cost;
             const Characters text(shorter.draft.text());
             for (const Reading& reading : findReadings(text, true, 0)) {
                 // Even if the checksum does not confirm it, no other explanation is certain.
-                isOtherwisePossible_ = true;
+                rivals_.push_back(shorter.cost);
                 add(shorter, text, reading, true);
                 noteCause(shorter.cost, shorter.cause);
             }
@@ -117,6 +127,7 @@ class Doctor {
     }
 
     void read(const Variant& variant, int mistakes) {
+        mistakes_ = mistakes;
         const Characters text(variant.draft.text());
         const bool isTwoDigit = text.count() >= 2 && text.between(0, 2) == formatTag;
         for (const Reading& reading : likeliest(findReadings(text, isTwoDigit, mistakes))) {
@@ -140,6 +151,7 @@ class Doctor {
     }
 
     void readInUnits(const Variant& variant) {
+        mistakes_ = 1;
         const Characters text(variant.draft.text());
         const bool isTwoDigit = text.count() >= 2 && text.between(0, 2) == formatTag;
         for (const LengthUnit unit :
@@ -164,16 +176,20 @@ class Doctor {
         }
         const auto codes = codesOf(mended.draft.text());
         if (reading.isDoubtful && !mended.keepsChecksum) {
+            rivals_.push_back(cost);
             return;
         }
         if (reading.isForbidden && codes.empty()) {
-            isOtherwisePossible_ = true;
+            rivals_.push_back(cost);
             noteCause(cost, cause);
             return;
         }
         if (mended.draft.text() == payload_ || !codes.empty()) {
             // A reading without all the elements that a payload must have is probably wrong.
             const bool isComplete = std::none_of(codes.begin(), codes.end(), isAboutMissingElement);
+            if (isComplete) {
+                rivals_.push_back(cost);
+            }
             if (!mustKeepChecksum_ && (isComplete || reading.isFormatMissing)) {
                 noteCause(cost, cause);
             }
@@ -182,11 +198,14 @@ class Doctor {
         if (mustKeepChecksum_ && !mended.keepsChecksum) {
             return;
         }
+        const auto isCut = [&text](const Piece& piece) {
+            return piece.isBroken && text.count() - piece.tag < checksumHead.size() + checksumLength;
+        };
         const bool isOpenEnded =
-            reading.isChecksumMissing || std::any_of(reading.pieces.begin(), reading.pieces.end(),
-                                                     [](const Piece& piece) { return piece.isBroken; });
-        MoneyChange money = compareMoney(payload_, walk_, mended.draft.text(), reading.changedName);
-        insert({std::move(mended), cost, std::move(cause), std::move(money), isOpenEnded});
+            reading.isChecksumMissing || std::any_of(reading.pieces.begin(), reading.pieces.end(), isCut);
+        const bool isGuessed = reading.isGuessed || mended.isAmbiguous || mistakes_ > 1;
+        MoneyChange money = compareMoney(payload_, walk_, mended.draft.text(), reading.changedNames);
+        insert({std::move(mended), cost, std::move(cause), std::move(money), isOpenEnded, isGuessed});
     }
 
     // Keeps the likelier one of two candidates with the same text.
@@ -207,27 +226,34 @@ class Doctor {
         }
     }
 
-    // Whether the written checksum confirms the repair itself.
-    bool isConfirmed(const Candidate& candidate) const {
+    // Whether the written checksum is right for the repaired text, which no accident makes it.
+    static bool isConfirmed(const Candidate& candidate) {
         return candidate.mended.isTwoDigit && candidate.mended.keepsChecksum && !candidate.money.isChanged &&
                !candidate.isOpenEnded;
     }
 
-    // Whether the written checksum is that of the text as it stands, and only one repair explains it.
+    // Whether the written checksum is right for the text as it stands. That only says that nothing happened
+    // to it since, so the repair must be obvious, and nothing else may explain the text nearly as well.
     bool isOnlyExplanation(const Candidate& candidate) const {
         constexpr double clearly = 0.5;
-        const bool isOnly = std::none_of(candidates_.begin(), candidates_.end(), [&](const Candidate& other) {
-            return &other != &candidate && other.cost < candidate.cost + clearly;
-        });
-        return candidate.mended.isTwoDigit && isMatching_ && isOnly && !isOtherwisePossible_ &&
-               !candidate.mended.isAmbiguous && !candidate.money.isChanged && !candidate.isOpenEnded;
+        const auto isRival = [&](double cost) { return cost < candidate.cost + clearly; };
+        const bool isOnly = std::none_of(rivals_.begin(), rivals_.end(), isRival) &&
+                            std::none_of(candidates_.begin(), candidates_.end(), [&](const Candidate& other) {
+                                return &other != &candidate && isRival(other.cost);
+                            });
+        return candidate.mended.isTwoDigit && isMatching_ && isOnly && !candidate.isGuessed &&
+               !candidate.money.isChanged && !candidate.isOpenEnded;
+    }
+
+    // Decides before any candidate is dropped, because each is another explanation.
+    void vouch() {
+        for (Candidate& candidate : candidates_) {
+            candidate.isVouchedFor = isConfirmed(candidate) || isOnlyExplanation(candidate);
+        }
     }
 
     // A repair that changes how money reads is only offered if there is no other.
     void dropDoubtful() {
-        for (Candidate& candidate : candidates_) {
-            candidate.isExplained = isOnlyExplanation(candidate);
-        }
         const bool isDoubtful = candidates_.size() > 1;
         std::erase_if(candidates_, [isDoubtful](const Candidate& candidate) {
             return isDoubtful && candidate.money.isChanged;
@@ -236,16 +262,16 @@ class Doctor {
 
     Diagnosis conclude() {
         constexpr std::size_t mostUnverified = 4;
+        vouch();
         dropDoubtful();
-        std::stable_sort(candidates_.begin(), candidates_.end(), [this](const auto& a, const auto& b) {
+        std::stable_sort(candidates_.begin(), candidates_.end(), [](const auto& a, const auto& b) {
             const bool first = isConfirmed(a);
             return first != isConfirmed(b) ? first : a.cost < b.cost;
         });
         Diagnosis result;
-        result.leastCost = candidates_.empty() ? 99 : candidates_.front().cost;
+        result.leastCost = candidates_.empty() ? Diagnosis().leastCost : candidates_.front().cost;
         for (const Candidate& candidate : candidates_) {
-            const bool isVouched =
-                result.unverified.empty() && (isConfirmed(candidate) || candidate.isExplained);
+            const bool isVouched = result.unverified.empty() && candidate.isVouchedFor;
             if (isVouched) {
                 result.repairs.push_back(repairOf(candidate, ""));
             } else if (result.repairs.empty() && result.unverified.size() < mostUnverified) {
@@ -267,8 +293,8 @@ class Doctor {
             return " Without that the checksum matches, so it happened after the checksum was computed.";
         }
         if (isMatching_ && walk_.fault) {
-            return " The checksum matches the text as it stands, so the program that made the code wrote it "
-                   "so.";
+            return " The checksum matches the text as it stands, so it was so when the checksum was "
+                   "computed.";
         }
         return "";
     }
@@ -316,7 +342,9 @@ class Doctor {
     std::vector<Candidate> candidates_;
     std::vector<std::pair<double, std::string>> causes_;
     bool mustKeepChecksum_ = false;
-    bool isOtherwisePossible_ = false;
+    std::vector<double> rivals_;  // the costs of explanations that have no repair
+    int insertions_ = 0;          // that were tried
+    int mistakes_ = 0;            // that the present readings may have
 };
 
 }  // namespace

@@ -15,7 +15,7 @@ struct Diagnosis {
     std::vector<QRCodeRepair> repairs;     ///< those that the written checksum vouches for
     std::vector<QRCodeRepair> unverified;  ///< all others
     std::vector<std::string> causes;       ///< the likeliest first; also of mistakes that cannot be repaired
-    double leastCost = 0;                  ///< how improbable the first cause is, about 1
+    double leastCost = 99;                 ///< how improbable the first cause is: about 1, or much more
 };
 
 /// Looks for the mistakes in a refused payload, which must be short and valid UTF-8.

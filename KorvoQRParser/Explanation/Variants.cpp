@@ -1,7 +1,7 @@
 #include <KorvoQRParser/Decoding/Text/ASCII.h>
 #include <KorvoQRParser/Decoding/Text/UTF8.h>
 #include <KorvoQRParser/Explanation/Variants.h>
-#include <KorvoQRParser/Explanation/Violations.h>
+#include <KorvoQRParser/Explanation/VisibleText.h>
 
 #include <algorithm>
 #include <array>
@@ -72,14 +72,14 @@ std::string causeOfTrimming(const Characters& text, std::size_t begin, std::size
            (after.empty() ? "" : after + (before.empty() ? " after the payload" : " after it")) + '.';
 }
 
-Variant trimmed(const Characters& text, std::size_t begin, std::size_t end) {
+Variant trimmed(const Draft& draft, const Characters& text, std::size_t begin, std::size_t end) {
     Variant variant{{}, 0.5, causeOfTrimming(text, begin, end)};
-    variant.draft.append(Draft(text.text()), text.byteOf(begin), text.byteOf(end));
+    variant.draft.append(draft, text.byteOf(begin), text.byteOf(end));
     return variant;
 }
 
-std::vector<Variant> trimmedVariants(std::string_view payload) {
-    const Characters text(payload);
+std::vector<Variant> trimmedVariants(const Draft& draft) {
+    const Characters text(draft.text());
     std::size_t begin = 0;
     std::size_t end = text.count();
     while (begin < end && strayOf(text.at(begin)) != nullptr) {
@@ -93,18 +93,19 @@ std::vector<Variant> trimmedVariants(std::string_view payload) {
         return variants;
     }
     if (begin > 0 || end < text.count()) {
-        variants.push_back(trimmed(text, begin, end));
+        variants.push_back(trimmed(draft, text, begin, end));
     }
     // The last value of a one-character payload may itself end with some of these.
     constexpr std::size_t most = 3;
     for (std::size_t kept = 1; kept <= most && end + kept < text.count(); ++kept) {
-        variants.push_back(trimmed(text, begin, end + kept));
+        variants.push_back(trimmed(draft, text, begin, end + kept));
         variants.back().cost += 0.1;
     }
     return variants;
 }
 
-std::optional<Variant> percentDecoded(const Draft& encoded) {
+// Forms write blanks as plus signs.
+std::optional<Variant> percentDecoded(const Draft& encoded, bool hasPlusSigns) {
     const std::string& text = encoded.text();
     Variant variant{{}, 0.6, "The text is percent-encoded, as a part of a web address is."};
     bool isEncoded = false;
@@ -116,48 +117,44 @@ std::optional<Variant> percentDecoded(const Draft& encoded) {
             variant.draft.insert({&byte, 1});
             isEncoded = true;
             i += 3;
+            continue;
+        }
+        if (hasPlusSigns && text[i] == '+') {
+            variant.draft.insert(" ");
         } else {
             variant.draft.append(encoded, i, i + 1);
-            ++i;
         }
+        ++i;
     }
     return isEncoded && isUTF8(variant.draft.text()) ? std::optional(variant) : std::nullopt;
 }
 
-// The same with blanks for plus signs, as forms write them.
-Variant withBlanksForPlusSigns(const Variant& decoded) {
-    Variant variant = decoded;
-    variant.draft = {};
-    variant.cost += 0.1;
-    const std::string& text = decoded.draft.text();
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '+') {
-            variant.draft.insert(" ");
-        } else {
-            variant.draft.append(decoded.draft, i, i + 1);
-        }
-    }
-    return variant;
-}
-
-void appendDecoded(std::vector<Variant>& variants, const Draft& draft, double cost, std::string_view cause) {
-    if (auto decoded = percentDecoded(draft)) {
-        decoded->cost += cost;
-        decoded->cause.insert(0, std::string(cause) + (cause.empty() ? "" : " "));
-        if (decoded->draft.text().find('+') != std::string::npos) {
-            variants.push_back(withBlanksForPlusSigns(*decoded));
+// Appends the decoded text, and what remains of it without what is around it.
+void appendDecoded(std::vector<Variant>& variants, const Draft& draft, bool hasPlusSigns) {
+    if (auto decoded = percentDecoded(draft, hasPlusSigns)) {
+        for (Variant& shorter : trimmedVariants(decoded->draft)) {
+            shorter.cost += decoded->cost;
+            shorter.cause = decoded->cause + ' ' + shorter.cause;
+            variants.push_back(std::move(shorter));
         }
         variants.push_back(std::move(*decoded));
     }
 }
 
-// The places of the characters that may have been inserted, by their name.
-struct Insertions {
-    std::string_view name;
-    std::vector<std::size_t> places;
-};
+}  // namespace
+
+std::vector<Variant> unwrappedVariants(std::string_view payload) {
+    const Draft draft(payload);
+    std::vector<Variant> variants = trimmedVariants(draft);
+    appendDecoded(variants, draft, false);
+    if (payload.find('+') != std::string_view::npos) {
+        appendDecoded(variants, draft, true);
+    }
+    return variants;
+}
 
 std::vector<Insertions> insertionsIn(const Characters& text) {
+    constexpr std::size_t mostSingles = 16;
     std::vector<Insertions> kinds;
     for (std::size_t place = 1; place < text.count(); ++place) {
         const bool isSecondBlank = text.at(place) == " " && text.at(place - 1) == " ";
@@ -173,17 +170,22 @@ std::vector<Insertions> insertionsIn(const Characters& text) {
         }
         kind->places.push_back(place);
     }
+    for (std::size_t i = 0, count = kinds.size(); i < count; ++i) {
+        const std::vector<std::size_t> places = kinds[i].places;
+        for (std::size_t j = 0; places.size() > 1 && j < std::min(places.size(), mostSingles); ++j) {
+            kinds.push_back({kinds[i].name, {places[j]}});
+        }
+    }
     return kinds;
 }
 
-Variant without(const Draft& draft, const Characters& text, std::string_view name,
-                const std::vector<std::size_t>& places) {
-    std::string cause = places.size() > 1
-                            ? "There are " + counted(places.size(), name) + " inside the text"
-                            : "There is a " + std::string(name) + " inside the text, at offset " +
-                                  std::to_string(places.front());
-    Variant variant{
-        {}, 0.7, cause + (places.size() > 1 ? " that" : ", which") + " the lengths do not count."};
+Variant withoutInsertions(const Draft& draft, const Characters& text, const Insertions& insertions) {
+    const auto& [name, places] = insertions;
+    const std::string cause = places.size() > 1
+                                  ? "There are " + counted(places.size(), name) + " inside the text that"
+                                  : "There is a " + std::string(name) + " inside the text, at offset " +
+                                        std::to_string(places.front()) + ", which";
+    Variant variant{{}, 0.7, cause + " the lengths do not count."};
     std::size_t begin = 0;
     for (const std::size_t place : places) {
         variant.draft.append(draft, begin, text.byteOf(place));
@@ -191,47 +193,6 @@ Variant without(const Draft& draft, const Characters& text, std::string_view nam
     }
     variant.draft.append(draft, begin, draft.text().size());
     return variant;
-}
-
-}  // namespace
-
-std::vector<Variant> unwrappedVariants(std::string_view payload) {
-    std::vector<Variant> variants = trimmedVariants(payload);
-    std::vector<Variant> decoded;
-    appendDecoded(decoded, Draft(payload), 0, "");
-    for (const Variant& variant : variants) {
-        appendDecoded(decoded, variant.draft, variant.cost, variant.cause);
-    }
-    // What is around a text may be encoded with it.
-    const std::size_t count = decoded.size();
-    for (std::size_t i = 0; i < count; ++i) {
-        const Characters text(decoded[i].draft.text());
-        std::size_t end = text.count();
-        while (end > 0 && strayOf(text.at(end - 1)) != nullptr) {
-            --end;
-        }
-        if (end < text.count()) {
-            Variant shorter{{}, decoded[i].cost + 0.1, decoded[i].cause};
-            shorter.draft.append(decoded[i].draft, 0, text.byteOf(end));
-            decoded.push_back(std::move(shorter));
-        }
-    }
-    variants.insert(variants.end(), decoded.begin(), decoded.end());
-    return variants;
-}
-
-std::vector<Variant> variantsWithoutInsertions(const Draft& draft) {
-    constexpr std::size_t mostSingles = 16;
-    const Characters text(draft.text());
-    std::vector<Variant> variants;
-    for (const Insertions& kind : insertionsIn(text)) {
-        variants.push_back(without(draft, text, kind.name, kind.places));
-        for (std::size_t i = 0; kind.places.size() > 1 && i < std::min(kind.places.size(), mostSingles);
-             ++i) {
-            variants.push_back(without(draft, text, kind.name, {kind.places[i]}));
-        }
-    }
-    return variants;
 }
 
 }  // namespace korvo

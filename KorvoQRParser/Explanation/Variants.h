@@ -3,6 +3,7 @@
 
 #include <KorvoQRParser/Explanation/Draft.h>
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,9 +21,17 @@ struct Variant {
 /// percent-decoding. Empty if there is nothing of that kind. The text must be valid UTF-8.
 std::vector<Variant> unwrappedVariants(std::string_view payload);
 
-/// The texts that remain without characters that may have been inserted: line breaks, tabs, zero-width
-/// spaces, second blanks; all of a kind, or a single one.
-std::vector<Variant> variantsWithoutInsertions(const Draft& draft);
+/// Characters that may have been inserted into a text: all of a kind, or a single one.
+struct Insertions {
+    std::string_view name;
+    std::vector<std::size_t> places;  ///< in characters, ascending
+};
+
+/// The line breaks, tabs, zero-width spaces, second blanks and the like inside a text.
+std::vector<Insertions> insertionsIn(const Characters& text);
+
+/// The text that remains without such characters. `text` has those of the draft.
+Variant withoutInsertions(const Draft& draft, const Characters& text, const Insertions& insertions);
 
 }  // namespace korvo
 

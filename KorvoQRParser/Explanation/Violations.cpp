@@ -248,10 +248,6 @@ QRCodeViolation violation(const ErrorCatalogueEntry& entry, std::string fact) {
 
 }  // namespace
 
-std::string counted(std::size_t count, std::string_view noun) {
-    return std::to_string(count) + ' ' + std::string(noun) + (count == 1 ? "" : "s");
-}
-
 bool isAboutMissingElement(std::string_view code) {
     constexpr std::array codes{
         KorvoErrorConstants::merchantIdNotPresent,  KorvoErrorConstants::merchantNameNotPresent,

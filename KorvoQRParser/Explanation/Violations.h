@@ -18,9 +18,6 @@ std::vector<QRCodeViolation> assignViolations(const std::vector<std::string>& co
 /// Whether a code says that an element which every payload must have is missing.
 bool isAboutMissingElement(std::string_view code);
 
-/// "1 character", "2 characters".
-std::string counted(std::size_t count, std::string_view noun);
-
 }  // namespace korvo
 
 #endif

@@ -1,3 +1,4 @@
+#include <KorvoQRParser/Decoding/Text/ASCII.h>
 #include <KorvoQRParser/Decoding/Text/CharacterProperties.h>
 #include <KorvoQRParser/Decoding/Text/CharacterReader.h>
 #include <KorvoQRParser/Decoding/Text/UTF8.h>
@@ -62,11 +63,21 @@ std::string inQuotes(std::string_view text) {
     constexpr std::size_t mostCharacters = 40;
     constexpr std::size_t mostBytes = 400;  // a character can have any number of marks
     std::string result = "\"";
-    CharacterReader characters(text.substr(0, mostBytes));
-    const auto shown = characters.take(mostCharacters);
-    const bool isWhole = text.size() <= mostBytes && (!shown || shown->size() == text.size());
-    appendVisible(result, isWhole ? text : shown ? *shown : text.substr(0, mostCharacters));
-    return result += isWhole ? "\"" : "...\"";
+    CharacterReader characters(text);
+    std::size_t end = 0;
+    for (std::size_t i = 0; i < mostCharacters && characters.take(1) && characters.offset() <= mostBytes;
+         ++i) {
+        end = characters.offset();
+    }
+    // Where characters cannot be told apart, code points are cut.
+    while (end == 0 || (end < mostCharacters && !characters.atEnd() && end < text.size())) {
+        if (end == text.size()) {
+            break;
+        }
+        nextCodePoint(text, end);
+    }
+    appendVisible(result, text.substr(0, end));
+    return result += end == text.size() ? "\"" : "...\"";
 }
 
 std::string withVisibleBytes(std::string_view text) {
@@ -90,6 +101,15 @@ std::string withVisibleBytes(std::string_view text) {
         }
     }
     return result.append(text, written);
+}
+
+std::string capitalised(std::string sentence) {
+    sentence[0] = asciiUpperCase(sentence[0]);
+    return sentence;
+}
+
+std::string counted(std::size_t count, std::string_view noun) {
+    return std::to_string(count) + ' ' + std::string(noun) + (count == 1 ? "" : "s");
 }
 
 }  // namespace korvo

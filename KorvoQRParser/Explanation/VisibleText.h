@@ -1,6 +1,7 @@
 #ifndef KORVOQRPARSER_EXPLANATION_VISIBLETEXT_H
 #define KORVOQRPARSER_EXPLANATION_VISIBLETEXT_H
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,12 @@ std::string inQuotes(std::string_view text);
 /// The text with bytes that are not UTF-8 written as \xHH. If there are any, backslashes are doubled, so that
 /// the result says which are which; otherwise nothing changes.
 std::string withVisibleBytes(std::string_view text);
+
+/// The sentence with a capital at its start.
+std::string capitalised(std::string sentence);
+
+/// "1 character", "2 characters".
+std::string counted(std::size_t count, std::string_view noun);
 
 }  // namespace korvo
 
