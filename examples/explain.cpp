@@ -20,9 +20,6 @@ void show(const korvo::QRCodeElement& element) {
     for (const auto& violation : element.violations()) {
         show(violation, "tag " + element.name() + ", ");
     }
-    for (const auto& inside : element.elements()) {
-        show(inside);
-    }
 }
 
 }  // namespace
@@ -36,6 +33,9 @@ int main(int argc, char** argv) {
     std::cout << "Refused. " << explanation.causes().front() << '\n';
     for (const auto& element : explanation.elements()) {
         show(element);
+        for (const auto& inside : element.elements()) {
+            show(inside);
+        }
     }
     for (const auto& violation : explanation.missing()) {
         show(violation, "");

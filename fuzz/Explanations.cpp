@@ -46,17 +46,17 @@ void checkRepair(const QRCodeExplanation& explanation, const QRCodeRepair& repai
     }
 }
 
-// The offset after an element that begins at an offset.
-std::size_t endOf(const QRCodeElement& element, std::size_t offset) {
-    promise(element.offset() == offset, "each element begins where the one before it ends");
-    const std::size_t head = characterCount(element.tag()) + characterCount(element.length());
-    std::size_t inside = offset + head;
-    for (const QRCodeElement& inner : element.elements()) {
-        inside = endOf(inner, inside);
+std::size_t headOf(const QRCodeElement& element) {
+    return characterCount(element.tag()) + characterCount(element.length());
+}
+
+// The offset after elements, the first of which begins at an offset.
+std::size_t endOf(const std::vector<QRCodeElement>& elements, std::size_t offset) {
+    for (const QRCodeElement& element : elements) {
+        promise(element.offset() == offset, "each element begins where the one before it ends");
+        offset += headOf(element) + characterCount(element.value());
     }
-    const std::size_t end = offset + head + characterCount(element.value());
-    promise(element.elements().empty() || inside <= end, "the elements inside are inside");
-    return end;
+    return offset;
 }
 
 void checkJSON(const QRCodeExplanation& explanation) {
@@ -77,9 +77,12 @@ void checkExplanation(std::string_view payload) {
     promise(explanation.errorCodes() == test::codesIn(QRCodeParser::parseQRData(payload)),
             "the codes are those of the parse");
     promise(explanation.isAccepted() == explanation.causes().empty(), "every refusal has a cause");
-    std::size_t end = 0;
+    const std::size_t end = endOf(explanation.elements(), 0);
     for (const QRCodeElement& element : explanation.elements()) {
-        end = endOf(element, end);
+        const std::size_t begin = element.offset() + headOf(element);
+        const bool isTiled = endOf(element.elements(), begin) == begin + characterCount(element.value());
+        promise(element.elements().empty() || isTiled || explanation.fault() != nullptr,
+                "the elements inside tag 62 tile its value");
     }
     if (const QRCodeFault* const fault = explanation.fault()) {
         promise(explanation.errorCodes() == test::Codes{"0"}, "only a malformed payload has a fault");

@@ -86,7 +86,8 @@ TEST(Hostile, ExplanationsAreQuick) {
                 payload += unit;
             }
             std::size_t answers = 0;
-            const double floor = fastest([&] { answers += isUTF8(payload) + computeCRC16(payload); });
+            const double floor =
+                fastest([&] { answers += computeCRC16(payload) + (isUTF8(payload) ? 1U : 0U); });
             const double explained =
                 fastest([&] { answers += QRCodeExplainer::explainQRData(payload).causes().size(); });
             EXPECT_GT(answers, 0U);

@@ -258,18 +258,23 @@ class Search : TaggedText {
     }
 
     void readAfter(const Piece& piece, std::size_t tag, double cost, int mistakes, bool isAstray) {
-        const bool isOpened = isTwoDigit() && rawTag(tag) == additionalDataTag;
-        if (!isOpened) {
-            const bool isForbidden = current_.isForbidden;
-            const bool isDoubtful = current_.isDoubtful;
-            current_.isForbidden = isForbidden || (cost > 0 && couldHide(piece, tag));
-            current_.isDoubtful = isDoubtful || (cost > 0 && isStrange(piece));
-            with(piece, cost, cost > 0 ? std::vector{piece.name} : std::vector<std::string>(),
-                 [&] { readRoot(piece.end, mistakes - (cost > 0 ? 1 : 0), isAstray || cost > 0); });
-            current_.isForbidden = isForbidden;
-            current_.isDoubtful = isDoubtful;
+        if (isTwoDigit() && rawTag(tag) == additionalDataTag) {
+            readAfterOpened(piece, cost, mistakes, isAstray);
             return;
         }
+        const bool isChanged = cost > 0;
+        const bool isForbidden = current_.isForbidden;
+        const bool isDoubtful = current_.isDoubtful;
+        current_.isForbidden = isForbidden || (isChanged && couldHide(piece, tag));
+        current_.isDoubtful = isDoubtful || (isChanged && isStrange(piece));
+        with(piece, cost, isChanged ? std::vector{piece.name} : std::vector<std::string>(),
+             [&] { readRoot(piece.end, mistakes - (isChanged ? 1 : 0), isAstray || isChanged); });
+        current_.isForbidden = isForbidden;
+        current_.isDoubtful = isDoubtful;
+    }
+
+    // The same after tag 62, for each way to read the elements inside it.
+    void readAfterOpened(const Piece& piece, double cost, int mistakes, bool isAstray) {
         for (InsideReading& inside : readInside(piece.value, piece.end, mistakes)) {
             Piece opened = piece;
             opened.inside = std::move(inside.pieces);

@@ -239,7 +239,7 @@ std::string explanationText(const QRCodeExplanation& explanation, const Style& s
 }
 
 std::string explanationJSON(const QRCodeExplanation& explanation, const Origin& origin) {
-    const std::string json = explanation.utf8JSON() + '\n';
+    std::string json = explanation.utf8JSON() + '\n';
     if (!origin.isPicture()) {
         return json;
     }
