@@ -86,6 +86,8 @@ for kind in static shared; do
 done
 needs "$work/shared/consumer" libKorvoQRParser.so
 not needs "$work/static/consumer" libKorvoQRParser
+# A program that only parses has nothing of the explanation in it.
+not grep -q Explan <(nm -C "$work/static/consumer")
 # Nothing but the C++ runtime
 not grep -vE 'lib(stdc\+\+|gcc_s|c|m)\.so' <(readelf -d "$library" | grep NEEDED)
 

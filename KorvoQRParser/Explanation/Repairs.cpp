@@ -205,6 +205,12 @@ class Doctor {
             reading.isChecksumMissing || std::any_of(reading.pieces.begin(), reading.pieces.end(), isCut);
         const bool isGuessed = reading.isGuessed || mended.isAmbiguous || mistakes_ > 1;
         MoneyChange money = compareMoney(payload_, walk_, mended.draft.text(), reading.changedNames);
+        if (mistakes_ > 1 && money.isChanged) {
+            // Two lost digits look the same, and there is nothing to hold them against.
+            rivals_.push_back(cost);
+            noteCause(cost, cause);
+            return;
+        }
         insert({std::move(mended), cost, std::move(cause), std::move(money), isOpenEnded, isGuessed});
     }
 
