@@ -59,7 +59,7 @@ inline std::string lowerCase(std::string text) {
 inline std::string lengthText(std::string_view tag, std::size_t length) {
     const std::string digits = "0123456789abcdefghijklmnopqrstuvwxyz";
     return tag.size() == 1 ? digits.substr(std::min(length, digits.size()), 1)
-                           : (length < 10 ? "0" : "") + std::to_string(length);
+                           : std::string(length < 10 ? 1 : 0, '0').append(std::to_string(length));
 }
 
 /// The length of a text in characters (c), bytes (b), code points (p) or UTF-16 units (u).
