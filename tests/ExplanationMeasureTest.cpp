@@ -54,10 +54,12 @@ std::string edited(const std::string& payload, const std::vector<QRCodeEdit>& ed
 
 // Whether an identifier, amount or fee of the explained payload reads otherwise in the repaired one.
 bool readsOtherwise(const QRCodeExplanation& explained, const QRCodeExplanation& repaired) {
+    const auto& before = explained.elements();
+    const auto& after = repaired.elements();
     return explained.format() == repaired.format() &&
-           std::ranges::any_of(explained.elements(), [&](const QRCodeElement& element) {
+           std::any_of(before.begin(), before.end(), [&](const QRCodeElement& element) {
                return isGuarded(element.name()) &&
-                      std::ranges::none_of(repaired.elements(), [&](const QRCodeElement& other) {
+                      std::none_of(after.begin(), after.end(), [&](const QRCodeElement& other) {
                           return other.name() == element.name() && other.value() == element.value();
                       });
            });
@@ -79,7 +81,8 @@ std::string brokenPromise(const QRCodeExplanation& explanation, const FaultyPayl
         {!isVouchedFor || matchesText || keepsChecksum, "the written checksum vouches for it"},
         {!isVouchedFor || !readsOtherwise(explanation, QRCodeExplainer::explainQRData(payload)),
          "what is paid to whom reads alike"}};
-    const auto broken = std::ranges::find(promises, false, &std::pair<bool, std::string>::first);
+    const auto broken =
+        std::find_if(promises.begin(), promises.end(), [](const auto& kept) { return !kept.first; });
     return broken == promises.end() ? "" : broken->second;
 }
 
@@ -120,9 +123,10 @@ void measure(const Kind& kind, const FaultyPayload& faulty, const std::vector<Ta
     const bool isUndone = isRepairable && !repairs.empty() && repairs[0].payload() == faulty.right;
     const std::string cause = explanation.causes().empty() ? "" : lowerCase(explanation.causes()[0]);
     const bool isElementNamed = namesElement(cause, faulty.element);
-    const bool isNamed = isElementNamed || std::ranges::any_of(kind.words, [&](std::string_view words) {
-                             return cause.find(words) != std::string::npos;
-                         });
+    const bool isNamed =
+        isElementNamed || std::any_of(kind.words.begin(), kind.words.end(), [&](std::string_view words) {
+            return cause.find(words) != std::string::npos;
+        });
     for (Tally* const tally : tallies) {
         tally->count += 1;
         tally->repairable += isRepairable ? 1 : 0;

@@ -50,8 +50,8 @@ struct Part {
 };
 
 inline std::string lowerCase(std::string text) {
-    std::ranges::transform(text, text.begin(),
-                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     return text;
 }
 
@@ -266,7 +266,8 @@ class FaultyPayload : public FaultyText {
     /// An element by its two-digit tag, followed by its one-character tag.
     Part* find(std::string_view tags) {
         const std::string_view tag = isTwoDigit_ ? tags.substr(0, 2) : tags.substr(2);
-        const auto found = std::ranges::find(parts_, tag, &Part::tag);
+        const auto found =
+            std::find_if(parts_.begin(), parts_.end(), [tag](const Part& part) { return part.tag == tag; });
         return found == parts_.end() ? nullptr : &*found;
     }
     /// # becomes a digit, @ a digit or a capital letter, { the other text.
@@ -334,7 +335,8 @@ class FaultyPayload : public FaultyText {
             const std::string value = percent(20) ? "***" : percent(50) ? name(18) : upTo(18, '@');
             data_.push_back({lengthText("62", tag), tag == 9 ? "AME" : value});
         }
-        std::ranges::stable_sort(parts_, {}, &Part::tag);
+        std::stable_sort(parts_.begin(), parts_.end(),
+                         [](const Part& a, const Part& b) { return a.tag < b.tag; });
         for (const std::string_view tags :
              percent(10) ? Texts{"01", "546", "559", "61", "62", "--7"} : Texts{}) {
             moved({tags});
