@@ -229,9 +229,10 @@ class Writer {
 }  // namespace
 
 std::string checksumText(std::uint16_t number, bool isLower) {
+    const std::string_view digits = isLower ? "0123456789abcdef" : "0123456789ABCDEF";
     std::string text;
-    for (const int shift : {12, 8, 4, 0}) {
-        text += (isLower ? "0123456789abcdef" : "0123456789ABCDEF")[number >> shift & 0xF];
+    for (int shift = 12; shift >= 0; shift -= 4) {
+        text += digits[unsigned{number} >> shift & 0xFU];
     }
     return text;
 }
