@@ -313,9 +313,14 @@ static void hasCharacterSets() {
 
 static long objectsOfCPlusPlus;
 
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    void* memory = std::malloc(size);
+    objectsOfCPlusPlus += memory != nullptr ? 1 : 0;
+    return memory;
+}
+
 void* operator new(std::size_t size) {
-    if (void* memory = std::malloc(size)) {
-        ++objectsOfCPlusPlus;
+    if (void* memory = operator new(size, std::nothrow)) {
         return memory;
     }
     throw std::bad_alloc();
