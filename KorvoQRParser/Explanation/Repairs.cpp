@@ -162,40 +162,18 @@ class Doctor {
         }
     }
 
+    // Adds the repaired payload of a reading, or only its cause.
     void add(const Variant& variant, const Characters& text, const Reading& reading, bool isTwoDigit) {
         Mended mended = mend(variant.draft, text, reading, isTwoDigit);
         constexpr double replaced = 0.4;
         const double cost = variant.cost + reading.cost + mended.cost +
                             (mended.replacesChecksum && !isMatching_ ? replaced : 0);
-        std::string cause = variant.cause;
-        for (const std::string& sentence : causesOf(text, reading, isTwoDigit, mended.keepsChecksum)) {
-            cause += (cause.empty() ? "" : " ") + sentence;
-        }
-        for (const std::string& sentence : mended.causes) {
-            cause += (cause.empty() ? "" : " ") + sentence;
-        }
-        const auto codes = codesOf(mended.draft.text());
-        if (reading.isDoubtful && !mended.keepsChecksum) {
-            rivals_.push_back(cost);
-            return;
-        }
-        if (reading.isForbidden && codes.empty()) {
-            rivals_.push_back(cost);
-            noteCause(cost, cause);
-            return;
-        }
-        if (mended.draft.text() == payload_ || !codes.empty()) {
-            // A reading without all the elements that a payload must have is probably wrong.
-            const bool isComplete = std::none_of(codes.begin(), codes.end(), isAboutMissingElement);
-            if (isComplete) {
-                rivals_.push_back(cost);
-            }
-            if (!mustKeepChecksum_ && (isComplete || reading.isFormatMissing)) {
-                noteCause(cost, cause);
-            }
-            return;
-        }
-        if (mustKeepChecksum_ && !mended.keepsChecksum) {
+        std::string cause =
+            causeOf(variant, causesOf(text, reading, isTwoDigit, mended.keepsChecksum), mended);
+        MoneyChange money = compareMoney(payload_, walk_, mended.draft.text(), reading.changedNames);
+        // Two lost digits look like two wrong lengths, and there is nothing to hold them against.
+        const bool isForbidden = reading.isForbidden || (mistakes_ > 1 && money.isChanged);
+        if (!isOffered(reading, mended, isForbidden, cost, cause)) {
             return;
         }
         const auto isCut = [&text](const Piece& piece) {
@@ -204,14 +182,45 @@ class Doctor {
         const bool isOpenEnded =
             reading.isChecksumMissing || std::any_of(reading.pieces.begin(), reading.pieces.end(), isCut);
         const bool isGuessed = reading.isGuessed || mended.isAmbiguous || mistakes_ > 1;
-        MoneyChange money = compareMoney(payload_, walk_, mended.draft.text(), reading.changedNames);
-        if (mistakes_ > 1 && money.isChanged) {
-            // Two lost digits look the same, and there is nothing to hold them against.
-            rivals_.push_back(cost);
-            noteCause(cost, cause);
-            return;
-        }
         insert({std::move(mended), cost, std::move(cause), std::move(money), isOpenEnded, isGuessed});
+    }
+
+    static std::string causeOf(const Variant& variant, std::vector<std::string> sentences,
+                               const Mended& mended) {
+        sentences.insert(sentences.end(), mended.causes.begin(), mended.causes.end());
+        std::string cause = variant.cause;
+        for (const std::string& sentence : sentences) {
+            cause += cause.empty() ? "" : " ";
+            cause += sentence;
+        }
+        return cause;
+    }
+
+    // Whether a reading's payload is accepted and may be offered. If not, it can be a cause still, and a
+    // rival.
+    bool isOffered(const Reading& reading, const Mended& mended, bool isForbidden, double cost,
+                   const std::string& cause) {
+        if (reading.isDoubtful && !mended.keepsChecksum) {
+            rivals_.push_back(cost);
+            return false;
+        }
+        const auto codes = codesOf(mended.draft.text());
+        if (codes.empty() && mended.draft.text() != payload_) {
+            if (isForbidden) {
+                rivals_.push_back(cost);
+                noteCause(std::min(cost, highestCost), cause);  // the payload would be accepted
+            }
+            return !isForbidden && (mended.keepsChecksum || !mustKeepChecksum_);
+        }
+        // A reading without all the elements that a payload must have is probably wrong.
+        const bool isComplete = std::none_of(codes.begin(), codes.end(), isAboutMissingElement);
+        if (isComplete) {
+            rivals_.push_back(cost);
+        }
+        if (!mustKeepChecksum_ && (isComplete || reading.isFormatMissing)) {
+            noteCause(cost, cause);
+        }
+        return false;
     }
 
     // Keeps the likelier one of two candidates with the same text.
@@ -312,9 +321,8 @@ class Doctor {
         if (likeliest == causes_.end() || !result.repairs.empty()) {
             return;
         }
-        constexpr double most = 1.75;
         const auto& [cost, cause] = *likeliest;
-        if (cost <= most && cost < result.leastCost) {
+        if (cost <= highestCost && cost < result.leastCost) {
             result.causes.insert(result.causes.begin(), cause);
             result.leastCost = cost;
         }
@@ -338,6 +346,7 @@ class Doctor {
             QRCodeRepair::Facts{draft.text(), draft.editsOf(original_), std::move(caution)}));
     }
 
+    static constexpr double highestCost = 1.75;  // of a cause that is worth saying without a repair
     static constexpr std::string_view checksumCode = KorvoErrorConstants::crcInvalidValue;
 
     std::string_view payload_;
