@@ -33,6 +33,8 @@ class JSONWriter {
     JSONWriter& number(std::uint64_t value) { return literal(std::to_string(value)); }
     JSONWriter& boolean(bool value) { return literal(value ? "true" : "false"); }
     JSONWriter& null() { return literal("null"); }
+    /// A value that is JSON already.
+    JSONWriter& literal(std::string_view value);
 
     /// Everything written so far.
     const std::string& text() const noexcept { return text_; }
@@ -42,7 +44,6 @@ class JSONWriter {
   private:
     JSONWriter& begin(char bracket);
     JSONWriter& end(char bracket);
-    JSONWriter& literal(std::string_view value);
     void separate();
     void breakLine();
 

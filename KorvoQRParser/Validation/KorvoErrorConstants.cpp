@@ -1,26 +1,19 @@
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 
 #include <algorithm>
-#include <array>
-#include <cstddef>
 
 namespace korvo {
 
 namespace {
-
-namespace Codes = KorvoErrorConstants;
-
-constexpr std::array reserved{Codes::primaryIdNotPresentForMerchant, Codes::secondayrIdNotPresentForMerchant,
-                              Codes::secondaryIdNoSubscriberIdForMerchant,
-                              Codes::additionalDataFieldTagCount};
 
 // A published number is never used again, so every number up to the last belongs to exactly one code, in the
 // catalogue or reserved.
 constexpr bool isInOrderWithoutGaps() {
     int wanted = 0;
     const auto skipReserved = [&wanted] {
-        while (std::any_of(reserved.begin(), reserved.end(),
-                           [wanted](std::string_view code) { return detail::codeNumber(code) == wanted; })) {
+        while (std::any_of(
+            reservedErrorCodes.begin(), reservedErrorCodes.end(),
+            [wanted](const ReservedErrorCode& row) { return detail::codeNumber(row.code) == wanted; })) {
             ++wanted;
         }
     };

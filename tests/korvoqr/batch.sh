@@ -9,7 +9,28 @@ replay batch
 
 # An engine keeps the order.
 korvoqr parse --format jsonl -i batch > answers || (($? == 1))
-parallel --pipe --block 100k --keep-order "korvoqr parse --format jsonl || [ \$? -eq 1 ]" < batch | cmp answers -
+parallel --pipe --block 100k --keep-order korvoqr parse --format jsonl --exit-zero < batch | cmp answers -
+
+# explain on several threads says the same in the same order.
+head -300 batch > some
+for format in text json; do
+    for jobs in 1 3; do
+        korvoqr explain --format $format --line-number -j $jobs < some > "explained$jobs" || (($? == 1))
+    done
+    cmp explained1 explained3
+done
+(($(wc -l < explained3) == 300))
+
+# After Ctrl-C come the answers so far, the summary, and the end by that signal; also while no input comes.
+mkfifo input
+for summary in --summary --summary=json; do
+    { head -50 batch; sleep 5; } > input &
+    korvoqr parse --format jsonl $summary -i input > answered 2> errors & pid=$!
+    until (($(wc -l < answered) == 50)); do sleep 0.05; done
+    kill -INT $pid
+    wait $pid && exit 1 || (($? == 130))
+    grep -qE '^50 payloads in|^\{"payloads":50,' errors
+done
 
 # The rate is payloads by time.
 { sleep 1.5; cat batch; } | korvoqr parse --summary 2> summary > /dev/null || (($? == 1))

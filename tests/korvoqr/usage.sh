@@ -27,5 +27,10 @@ korvoqr,parse,--format,json:json jsonl
 korvoqr,explain,--format,=,j:json
 korvoqr,parse,--i:--input --image
 korvoqr,parse,-i,hel:help
+korvoqr,parse,--image,help,hel:help
+korvoqr,parse,--image,help,--tr:--trim
+korvoqr,explain,<,hel:help
+korvoqr,parse,--summary,=,:json
 korvoqr,codes,4:4 40 41 42 43 44 45 46 48
+korvoqr,codes,crcI:crcInvalidValue
 END

@@ -7,7 +7,6 @@
 #include <exception>
 #include <functional>
 #include <mutex>
-#include <string>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -20,10 +19,10 @@ namespace korvoqr {
 /// `answer` turns a block into an `Answer`, on any thread. The `Answer` that it gets is new or has been
 /// delivered already; answers are large, so reuse its memory. `deliver` gets one answer at a time, as soon as
 /// that answer and all before it are ready. At most four blocks per thread are in memory at once.
-template <class Answer>
+template <class Block, class Answer>
 class Batch {
   public:
-    Batch(std::size_t jobs, std::function<void(const std::string&, Answer&)> answer,
+    Batch(std::size_t jobs, std::function<void(const Block&, Answer&)> answer,
           std::function<void(const Answer&)> deliver)
         : answer_(std::move(answer)), deliver_(std::move(deliver)), most_(blocksPerThread * jobs) {
         // If the machine refuses a thread, those that have started do the work.
@@ -40,7 +39,7 @@ class Batch {
     ~Batch() { stop(); }
 
     /// Takes a block; waits while too many are in progress.
-    void add(std::string block) {
+    void add(Block block) {
         if (workers_.empty()) {
             answer_(block, own_);
             deliver_(own_);
@@ -67,7 +66,7 @@ class Batch {
     static constexpr std::size_t blocksPerThread = 4;
 
     struct Task {
-        std::string block;
+        Block block;
         Answer answer;
         bool isDone = false;
     };
@@ -136,7 +135,7 @@ class Batch {
         workers_.clear();
     }
 
-    std::function<void(const std::string&, Answer&)> answer_;
+    std::function<void(const Block&, Answer&)> answer_;
     std::function<void(const Answer&)> deliver_;
     std::size_t most_;
     std::mutex mutex_;

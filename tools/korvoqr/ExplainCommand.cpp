@@ -1,9 +1,8 @@
 #include "Commands.h"
 #include "ExplanationRendering.h"
-#include "InputRun.h"
-#include "PayloadInput.h"
+#include "PayloadRun.h"
 
-#include <utility>
+#include <string>
 
 #include <unistd.h>
 
@@ -11,67 +10,32 @@ namespace korvoqr {
 
 namespace {
 
-class ExplainRun {
-  public:
-    explicit ExplainRun(const ExplainOptions& options)
-        : format_(options.format), run_(options.input), style_(styleOf(STDOUT_FILENO, options.colour)) {}
-
-    ExitStatus run() {
-        const bool hasArguments = run_.forEachArgument(
-            [this](std::string_view payload, const Origin& origin) { explainOne(payload, origin); });
-        if (!hasArguments) {
-            run_.forEachBlock([this](const std::string& block) {
-                forEachPayload(block, run_.delimiter(),
-                               [this](std::string_view payload) { explainOne(payload, {}); });
-                run_.output().flush();
-            });
-        }
-        return run_.finish();
+void answer(const Request& request, const RunOptions& options, const Style& style, Answers& answers) {
+    // A line that was not kept has an empty payload here, which is refused with the same code.
+    const auto explanation = korvo::QRCodeExplainer::explainQRData(request.payload);
+    countAnswer(request, explanation.errorCodes(), options, answers);
+    if (explanation.isAccepted() && options.refusedOnly) {
+        return;
     }
-
-  private:
-    void explainOne(std::string_view payload, const Origin& origin) {
-        const auto explanation = korvo::QRCodeExplainer::explainQRData(payload);
-        if (!explanation.isAccepted()) {
-            run_.noteRejected();
-        }
-        switch (format_) {
-            case Format::text:
-                writeText(explanation, origin);
-                break;
-            case Format::json:
-            case Format::jsonl:
-                writeJSON(explanation, origin);
-                break;
-        }
+    if (isText(options.format)) {
+        // An empty line separates two answers.
+        answers.text += answers.text.empty() ? "" : "\n";
+        answers.text += request.isTooLong ? textForTooLong(request, options, style)
+                                          : explanationText(explanation, request, style);
+        return;
     }
-
-    void writeText(const korvo::QRCodeExplanation& explanation, const Origin& origin) {
-        if (!std::exchange(isFirst_, false)) {
-            run_.output().write("\n");
-        }
-        if (origin.isPicture()) {
-            run_.output().write(painted(style_, Paint::heading, origin.place() + ':') + '\n');
-        }
-        run_.output().write(explanationText(explanation, style_));
-    }
-
-    void writeJSON(const korvo::QRCodeExplanation& explanation, const Origin& origin) {
-        const std::string json = explanationJSON(explanation, origin);
-        run_.output().write(isForPerson_ ? harmlessJSON(json) : json);
-    }
-
-    Format format_;
-    InputRun run_;
-    Style style_;
-    bool isForPerson_ = isTerminal(STDOUT_FILENO);
-    bool isFirst_ = true;
-};
+    const std::string json =
+        request.isTooLong ? jsonForTooLong(request, options) : explanationJSON(explanation, request, options);
+    answers.text += isTerminal(STDOUT_FILENO) ? harmlessJSON(json) : json;
+}
 
 }  // namespace
 
-ExitStatus runExplain(const ExplainOptions& options) {
-    return ExplainRun(options).run();
+ExitStatus runExplain(const RunOptions& options) {
+    const Style style = styleOf(STDOUT_FILENO, options.colour);
+    return runPayloads(options, [&options, &style](const Request& request, Answers& answers) {
+        answer(request, options, style, answers);
+    });
 }
 
 }  // namespace korvoqr

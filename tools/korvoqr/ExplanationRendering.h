@@ -1,7 +1,8 @@
 #ifndef KORVOQR_EXPLANATIONRENDERING_H
 #define KORVOQR_EXPLANATIONRENDERING_H
 
-#include "Origin.h"
+#include "Commands.h"
+#include "Request.h"
 #include "Terminal.h"
 #include <KorvoQRParser/KorvoQRParser.h>
 
@@ -9,13 +10,20 @@
 
 namespace korvoqr {
 
-/// The explanation for a person: a verdict, the likeliest cause, a table of the elements with the codes below
-/// each, the rules about missing elements, the fault with its place, and the repair. Ends with a line feed.
-std::string explanationText(const korvo::QRCodeExplanation& explanation, const Style& style);
+/// The explanation for a person: where the payload comes from, a verdict, the likeliest cause, a table of the
+/// elements with the codes below each, the rules about missing elements, the fault with its place, and the
+/// repair. Ends with a line feed.
+std::string explanationText(const korvo::QRCodeExplanation& explanation, const Request& request,
+                            const Style& style);
 
-/// The library's JSON, on a line. If the payload comes from a picture, the object begins with the file and
-/// the number of the code in it.
-std::string explanationJSON(const korvo::QRCodeExplanation& explanation, const Origin& origin);
+/// The library's JSON, on a line. The object begins with the origin of the payload, as far as the options
+/// call for it.
+std::string explanationJSON(const korvo::QRCodeExplanation& explanation, const Request& request,
+                            const RunOptions& options);
+
+/// The same for a line that was not kept because it is too long.
+std::string textForTooLong(const Request& request, const RunOptions& options, const Style& style);
+std::string jsonForTooLong(const Request& request, const RunOptions& options);
 
 }  // namespace korvoqr
 

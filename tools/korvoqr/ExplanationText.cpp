@@ -1,5 +1,6 @@
 #include "ExplanationRendering.h"
 #include "LibraryInternals.h"
+#include "RowHead.h"
 
 #include <algorithm>
 
@@ -23,6 +24,11 @@ constexpr std::size_t gap = 2;  // blanks between two columns
 std::string blanks(std::size_t count) {
     std::string text(count, ' ');
     return text;
+}
+
+std::string headOf(const Request& request, const Style& style) {
+    const std::string place = headingOf(request.origin);
+    return place.empty() ? "" : painted(style, Paint::heading, place + ':') + '\n';
 }
 
 class Page {
@@ -234,20 +240,34 @@ class Page {
 
 }  // namespace
 
-std::string explanationText(const QRCodeExplanation& explanation, const Style& style) {
-    return Page(explanation, style).text();
+std::string explanationText(const QRCodeExplanation& explanation, const Request& request,
+                            const Style& style) {
+    return headOf(request, style) + Page(explanation, style).text();
 }
 
-std::string explanationJSON(const QRCodeExplanation& explanation, const Origin& origin) {
-    std::string json = explanation.utf8JSON() + '\n';
-    if (!origin.isPicture()) {
-        return json;
-    }
-    korvo::JSONWriter picture(korvo::JSONWriter::Layout::oneLine);
-    picture.beginObject();
-    picture.name("file").string(origin.file);
-    picture.name("code").number(origin.code);
-    return picture.text() + ',' + json.substr(1);
+std::string explanationJSON(const QRCodeExplanation& explanation, const Request& request,
+                            const RunOptions& options) {
+    const std::string json = explanation.utf8JSON() + '\n';
+    korvo::JSONWriter head(korvo::JSONWriter::Layout::oneLine);
+    head.beginObject();
+    appendHead(head, request, options);
+    const bool isEmpty = head.text().size() == 1;
+    return isEmpty ? json : head.text() + ',' + json.substr(1);
+}
+
+std::string textForTooLong(const Request& request, const RunOptions& options, const Style& style) {
+    return headOf(request, style) +
+           painted(style, Paint::fault, "Refused with code 0: the line is " + reasonForLength(options)) +
+           '\n';
+}
+
+std::string jsonForTooLong(const Request& request, const RunOptions& options) {
+    korvo::JSONWriter json(korvo::JSONWriter::Layout::oneLine);
+    appendHead(json.beginObject(), request, options);
+    json.name("accepted").boolean(false);
+    json.name("errorCodes").beginArray().string(korvo::KorvoErrorConstants::malformedTags).endArray();
+    json.name("fault").beginObject().name("reason").string(reasonForLength(options)).endObject();
+    return json.endObject().takeText() + '\n';
 }
 
 }  // namespace korvoqr

@@ -9,20 +9,12 @@ enum class Format : unsigned char {
     text,
     json,
     jsonl,  ///< one JSON object per line
+    copy,   ///< one line per payload, for the COPY command of PostgreSQL
 };
 
-/// Whether a format is text for people, not JSON for programs.
+/// Whether a format is text for people, not lines or objects for programs.
 constexpr bool isText(Format format) noexcept {
-    bool result = false;
-    switch (format) {
-        case Format::text:
-            result = true;
-            break;
-        case Format::json:
-        case Format::jsonl:
-            break;
-    }
-    return result;
+    return format == Format::text;
 }
 
 }  // namespace korvoqr

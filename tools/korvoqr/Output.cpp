@@ -2,6 +2,8 @@
 
 #include <cerrno>
 #include <cstddef>
+#include <cstdio>
+#include <cstring>
 
 #include <poll.h>
 #include <unistd.h>
@@ -23,6 +25,15 @@ void Output::write(std::string_view text) {
 void Output::flush() {
     writeAll(collected_);
     collected_.clear();
+}
+
+bool Output::reportFailure() const {
+    if (errorNumber_ == 0 || errorNumber_ == EPIPE) {
+        return true;
+    }
+    std::fprintf(stderr, "korvoqr: cannot write standard output: %s\n",
+                 std::strerror(errorNumber_));  // NOLINT(concurrency-mt-unsafe): no thread is left
+    return false;
 }
 
 void Output::writeAll(std::string_view text) {

@@ -20,8 +20,8 @@ class Output {
     /// Whether the reader has gone or a write has failed, so that the run can stop.
     bool isClosed() const noexcept { return errorNumber_ != 0; }
 
-    /// The errno of the failed write: EPIPE if the reader has gone, 0 if none has failed.
-    int errorNumber() const noexcept { return errorNumber_; }
+    /// Prints a message if a write has failed, unless the reader has gone. False if it does.
+    [[nodiscard]] bool reportFailure() const;
 
   private:
     void writeAll(std::string_view text);

@@ -1,13 +1,10 @@
-#include "Batch.h"
 #include "Commands.h"
-#include "InputRun.h"
-#include "PayloadInput.h"
+#include "PayloadRun.h"
 #include "Rendering.h"
-#include "Summary.h"
+#include "RowHead.h"
+#include "Trimming.h"
 
-#include <chrono>
-#include <cstdint>
-#include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -17,130 +14,68 @@ namespace korvoqr {
 
 namespace {
 
-// The answers to a block of payloads.
-struct Answers {
-    std::string text;
-    Tally tally;
-    std::vector<std::uint64_t> unprintable;  // the numbers of records whose JSON is empty, from 1
-    std::size_t bytes = 0;                   // of input
-    std::string place;                       // the picture, if a single payload comes from one
-
-    void clear() {
-        text.clear();
-        tally = {};
-        unprintable.clear();
-    }
-};
-
-void answer(std::string_view payload, Format format, const Origin& origin, Answers& answers) {
-    const auto response = korvo::QRCodeParser::parseQRData(payload);
-    // In text, an empty line separates two answers.
-    if (isText(format) && answers.tally.payloads() > 0) {
-        answers.text += '\n';
-    }
-    answers.tally.count(response);
-    const std::string rendered = render(response, format, origin);
-    if (rendered == "\n") {
-        answers.unprintable.push_back(answers.tally.payloads());
-    }
-    answers.text += rendered;
+const std::string& malformed() {
+    static const std::string code(korvo::KorvoErrorConstants::malformedTags);
+    return code;
 }
 
-class ParseRun {
-  public:
-    explicit ParseRun(const ParseOptions& options)
-        : options_(options),
-          run_(options.input),
-          progress_(options.progress && options.input.payloads.empty() && options.input.images.empty()
-                        ? run_.fileSize()
-                        : 0) {}
+bool isUnsplittable(const korvo::QRCodeParserResponse& response) {
+    return response.qrCodeError() != nullptr && response.qrCodeError()->errorCodes().front() == malformed();
+}
 
-    ExitStatus run() {
-        const auto begin = std::chrono::steady_clock::now();
-        const bool hasArguments =
-            run_.forEachArgument([this](std::string_view payload, const Origin& origin) {
-                Answers answers;
-                if (isText(options_.format) && origin.isPicture()) {
-                    answers.text = origin.place() + ":\n";
-                }
-                answers.place = origin.place();
-                answer(payload, options_.format, origin, answers);
-                deliver(answers);
-            });
-        if (!hasArguments) {
-            parseFile();
-        }
-        progress_.clear();
-        if (tally_.rejected > 0) {
-            run_.noteRejected();
-        }
-        const ExitStatus status = run_.finish();
-        if (options_.summary) {
-            const std::string text = summaryText(tally_, std::chrono::steady_clock::now() - begin,
-                                                 styleOf(STDERR_FILENO, options_.colour));
-            std::fputs(text.c_str(), stderr);
-        }
-        return status;
+// The answer to a payload. If it is refused, and the options want it, the answer without the white space and
+// quotes around it counts: when that is accepted, or at least can be split into elements. Tells whether it
+// does.
+korvo::QRCodeParserResponse parse(std::string_view payload, bool trim, bool& isTrimmed) {
+    auto response = korvo::QRCodeParser::parseQRData(payload);
+    isTrimmed = false;
+    if (!trim || response.qrCodeData() != nullptr) {
+        return response;
     }
-
-  private:
-    void parseFile() {
-        Batch<Answers> batch(
-            options_.jobs,
-            [this](const std::string& block, Answers& answers) {
-                answers.clear();
-                answers.bytes = block.size();
-                forEachPayload(block, run_.delimiter(), [&](std::string_view payload) {
-                    answer(payload, options_.format, {}, answers);
-                });
-            },
-            [this](const Answers& answers) {
-                deliver(answers);
-                // The writer of the payloads may be waiting for the answers.
-                run_.output().flush();
-            });
-        run_.forEachBlock([&batch](std::string block) { batch.add(std::move(block)); });
-        batch.finish();
+    const std::string_view inner = trimmed(payload);
+    if (inner.size() == payload.size()) {
+        return response;
     }
+    auto second = korvo::QRCodeParser::parseQRData(inner);
+    isTrimmed = second.qrCodeData() != nullptr || (isUnsplittable(response) && !isUnsplittable(second));
+    return isTrimmed ? second : response;
+}
 
-    void deliver(const Answers& answers) {
-        if (isText(options_.format) && tally_.payloads() > 0) {
-            run_.output().write("\n");
-        }
-        if (!isForPerson_) {
-            run_.output().write(answers.text);
-        } else if (isText(options_.format)) {
-            run_.output().write(harmless(answers.text));
-        } else {
-            run_.output().write(harmlessJSON(answers.text));
-        }
-        for (const std::uint64_t number : answers.unprintable) {
-            progress_.clear();
-            std::fprintf(stderr,
-                         "korvoqr: %s is accepted, but its JSON is empty because a value is not ASCII; "
-                         "type --format jsonl to see it\n",
-                         answers.place.empty()
-                             ? ("payload " + std::to_string(tally_.payloads() + number)).c_str()
-                             : answers.place.c_str());
-        }
-        tally_.add(answers.tally);
-        bytes_ += answers.bytes;
-        progress_.update(bytes_, tally_.payloads());
+void answer(const Request& request, const RunOptions& options, bool isForPerson, Answers& answers) {
+    ParsedPayload parsed{request, {nullptr, nullptr}, false};
+    if (request.isTooLong) {
+        parsed.response = {nullptr, std::make_shared<korvo::QRCodeError>(std::vector{malformed()})};
+    } else {
+        parsed.response = parse(request.payload, options.input.trim, parsed.isTrimmed);
     }
-
-    const ParseOptions& options_;
-    InputRun run_;
-    Progress progress_;
-    // A program gets a record's values unchanged; a terminal would obey some of them.
-    bool isForPerson_ = isTerminal(STDOUT_FILENO);
-    Tally tally_;
-    std::uint64_t bytes_ = 0;
-};
+    static const std::vector<std::string> none;
+    const auto& error = parsed.response.qrCodeError();
+    countAnswer(request, error ? error->errorCodes() : none, options, answers);
+    if (!error && options.refusedOnly) {
+        return;
+    }
+    // In text, an empty line separates two answers.
+    if (isText(options.format) && !answers.text.empty()) {
+        answers.text += '\n';
+    }
+    const std::size_t begin = answers.text.size();
+    if (!appendAnswer(answers.text, parsed, options)) {
+        answers.unprintable.note(placeOf(request.origin));
+    }
+    if (isForPerson) {
+        answers.text.replace(begin, std::string::npos,
+                             harmlessAnswer(answers.text.substr(begin), options.format));
+    }
+}
 
 }  // namespace
 
-ExitStatus runParse(const ParseOptions& options) {
-    return ParseRun(options).run();
+ExitStatus runParse(const RunOptions& options) {
+    // A program gets a record's values unchanged.
+    const bool isForPerson = isTerminal(STDOUT_FILENO);
+    return runPayloads(options, [&options, isForPerson](const Request& request, Answers& answers) {
+        answer(request, options, isForPerson, answers);
+    });
 }
 
 }  // namespace korvoqr

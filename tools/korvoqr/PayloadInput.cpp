@@ -1,8 +1,10 @@
 #include "PayloadInput.h"
 
+#include "Interruption.h"
+
+#include <array>
 #include <cerrno>
 #include <cstddef>
-#include <utility>
 #include <vector>
 
 #include <fcntl.h>
@@ -11,14 +13,25 @@
 
 namespace korvoqr {
 
+namespace {
+
+// Waits until a read gets something. False if an interruption comes first.
+bool waitFor(int fileDescriptor) {
+    std::array<pollfd, 2> ready{pollfd{fileDescriptor, POLLIN, 0},
+                                pollfd{Interruption::descriptor(), POLLIN, 0}};  // ignored if negative
+    ::poll(ready.data(), ready.size(), -1);
+    return Interruption::signal() == 0;
+}
+
+}  // namespace
+
 int readChunks(int fileDescriptor, const std::function<bool(std::string_view)>& handle) {
     std::vector<char> buffer(std::size_t{64} * 1024);
-    while (true) {
+    while (Interruption::descriptor() < 0 || waitFor(fileDescriptor)) {
         const ssize_t count = ::read(fileDescriptor, buffer.data(), buffer.size());
         if (count < 0 && errno == EAGAIN) {
             // Another process that shares the descriptor has set O_NONBLOCK.
-            pollfd ready{fileDescriptor, POLLIN, 0};
-            ::poll(&ready, 1, -1);
+            waitFor(fileDescriptor);
             continue;
         }
         if (count < 0 && errno == EINTR) {
@@ -31,25 +44,7 @@ int readChunks(int fileDescriptor, const std::function<bool(std::string_view)>& 
             return 0;
         }
     }
-}
-
-int readBlocks(int fileDescriptor, char delimiter, const std::function<bool(std::string)>& handle) {
-    std::string begun;
-    bool isWanted = true;
-    const int error = readChunks(fileDescriptor, [&](std::string_view chunk) {
-        const std::size_t last = chunk.rfind(delimiter);
-        if (last == std::string_view::npos) {
-            begun += chunk;
-            return true;
-        }
-        begun += chunk.substr(0, last + 1);
-        isWanted = handle(std::exchange(begun, std::string(chunk.substr(last + 1))));
-        return isWanted;
-    });
-    if (error == 0 && isWanted && !begun.empty()) {
-        handle(std::move(begun));
-    }
-    return error;
+    return 0;
 }
 
 bool isStandardInput(const std::string& name) noexcept {

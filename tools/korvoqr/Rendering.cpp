@@ -1,9 +1,13 @@
 #include "Rendering.h"
 
 #include "LibraryInternals.h"
+#include "RowHead.h"
+#include "Trimming.h"
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace korvoqr {
 
@@ -12,81 +16,231 @@ namespace {
 using korvo::JSONWriter;
 using Layout = JSONWriter::Layout;
 
+struct Reason {
+    std::string code;
+    std::string tag;  // empty for a missing element
+    std::string text;
+    std::optional<std::size_t> offset;
+};
+
+void appendViolations(std::vector<Reason>& reasons, const std::vector<korvo::QRCodeViolation>& violations,
+                      const korvo::QRCodeElement* element) {
+    for (const korvo::QRCodeViolation& violation : violations) {
+        Reason reason{violation.code(), "", violation.fact(), std::nullopt};
+        if (reason.text.empty()) {
+            reason.text = violation.meaning();
+        }
+        if (element != nullptr) {
+            reason.tag = element->name();
+            reason.offset = element->offset();
+        }
+        reasons.push_back(std::move(reason));
+    }
+}
+
+std::vector<Reason> reasonsOf(const ParsedPayload& parsed, const RunOptions& options) {
+    std::vector<Reason> reasons;
+    if (parsed.request.isTooLong) {
+        reasons.push_back(
+            {parsed.response.qrCodeError()->errorCodes().front(), "", reasonForLength(options), {}});
+        return reasons;
+    }
+    const auto explanation = korvo::QRCodeExplainer::explainQRData(parsed.payload());
+    if (const korvo::QRCodeFault* const fault = explanation.fault()) {
+        reasons.push_back({explanation.errorCodes().front(), fault->tag(), fault->reason(), fault->offset()});
+    }
+    for (const korvo::QRCodeElement& element : explanation.elements()) {
+        appendViolations(reasons, element.violations(), &element);
+        for (const korvo::QRCodeElement& inner : element.elements()) {
+            appendViolations(reasons, inner.violations(), &inner);
+        }
+    }
+    appendViolations(reasons, explanation.missing(), nullptr);
+    return reasons;
+}
+
+void appendTextOrNull(JSONWriter& json, std::string_view name, const std::string& text) {
+    json.name(name);
+    if (text.empty()) {
+        json.null();
+    } else {
+        json.string(text);
+    }
+}
+
+void appendReasons(JSONWriter& json, const std::vector<Reason>& reasons) {
+    json.name("reasons").beginArray();
+    for (const Reason& reason : reasons) {
+        json.beginObject().name("code").string(reason.code);
+        appendTextOrNull(json, "tag", reason.tag);
+        json.name("offset");
+        if (reason.offset) {
+            json.number(*reason.offset);
+        } else {
+            json.null();
+        }
+        json.name("reason").string(reason.text).endObject();
+    }
+    json.endArray();
+}
+
 std::string_view nameOf(std::string_view code) {
     const auto* const entry = korvo::findErrorCatalogueEntry(code);
     return entry != nullptr ? entry->name : "unknown";
 }
 
-// If the payload comes from a picture, these members come first.
-void appendOrigin(JSONWriter& json, const Origin& origin) {
-    if (origin.isPicture()) {
-        json.name("file").string(korvo::isUTF8(origin.file) ? origin.file : visible(origin.file));
-        json.name("code").number(origin.code);
+// The members before the answer itself.
+void appendMembers(JSONWriter& json, const ParsedPayload& parsed, const RunOptions& options) {
+    appendHead(json, parsed.request, options);
+    if (parsed.isTrimmed) {
+        json.name("trimmed").boolean(true);
     }
 }
 
-std::string errorJSON(const korvo::QRCodeError& error, const Origin& origin, Layout layout) {
+std::string errorJSON(const ParsedPayload& parsed, const RunOptions& options, Layout layout) {
+    const auto& codes = parsed.response.qrCodeError()->errorCodes();
     JSONWriter json(layout);
     json.beginObject();
-    appendOrigin(json, origin);
+    appendMembers(json, parsed, options);
     json.name("qrCodeError").beginObject();
     json.name("errorCodes").beginArray();
-    for (const std::string& code : error.errorCodes()) {
+    for (const std::string& code : codes) {
         json.string(code);
     }
     json.endArray().name("errorNames").beginArray();
-    for (const std::string& code : error.errorCodes()) {
+    for (const std::string& code : codes) {
         json.string(nameOf(code));
     }
-    json.endArray().endObject().endObject();
-    return json.text() + '\n';
+    json.endArray();
+    if (options.reasons || parsed.request.isTooLong) {
+        appendReasons(json, reasonsOf(parsed, options));
+    }
+    return json.endObject().endObject().takeText();
 }
 
 // The record's own JSON, which is empty if a value is not ASCII.
-std::string dataJSON(const korvo::QRCodeData& data, const Origin& origin) {
-    std::string record = data.jsonOutput();
-    if (origin.isPicture() && !record.empty()) {
-        JSONWriter json(Layout::indented);
-        appendOrigin(json.beginObject(), origin);
+std::string dataJSON(const ParsedPayload& parsed, const RunOptions& options) {
+    std::string record = parsed.response.qrCodeData()->jsonOutput();
+    JSONWriter json(Layout::indented);
+    json.beginObject();
+    const std::size_t empty = json.text().size();
+    appendMembers(json, parsed, options);
+    if (json.text().size() > empty && !record.empty()) {
         record.replace(0, 1, json.text() + ',');
     }
-    return record + '\n';
+    return record;
 }
 
-std::string dataLine(const korvo::QRCodeData& data, const Origin& origin) {
+void appendDataLine(std::string& text, const ParsedPayload& parsed, const RunOptions& options) {
     JSONWriter json(Layout::oneLine);
-    appendOrigin(json.beginObject(), origin);
-    return json.name("qrCodeData").takeText() + data.utf8JSON() + "}\n";
+    json.beginObject();
+    appendMembers(json, parsed, options);
+    text += json.name("qrCodeData").text();
+    text += recordJSON(*parsed.response.qrCodeData(), options.compact, false);
+    text += '}';
 }
 
-std::string errorText(const korvo::QRCodeError& error) {
+std::string errorText(const ParsedPayload& parsed, const RunOptions& options) {
     std::string text;
-    for (const std::string& code : error.errorCodes()) {
+    for (const std::string& code : parsed.response.qrCodeError()->errorCodes()) {
         const auto* const entry = korvo::findErrorCatalogueEntry(code);
         text += code + ' ' + std::string(nameOf(code));
-        text += entry != nullptr ? ": " + std::string(entry->meaning) + '\n' : "\n";
+        if (parsed.request.isTooLong) {
+            text += ": The line is " + reasonForLength(options) + '.';
+        } else if (entry != nullptr) {
+            text += ": " + std::string(entry->meaning);
+        }
+        text += '\n';
     }
     return text;
 }
 
+// NUL is the one character that PostgreSQL cannot hold.
+std::string withoutNUL(std::string_view text) {
+    std::string result;
+    for (const char byte : text) {
+        result += byte == '\0' ? std::string("\\x00") : std::string(1, byte);
+    }
+    return result;
+}
+
 }  // namespace
 
-std::string render(const korvo::QRCodeParserResponse& response, Format format, const Origin& origin) {
-    const auto& data = response.qrCodeData();
-    const auto& error = response.qrCodeError();
-    std::string answer;
+std::string_view ParsedPayload::payload() const {
+    return isTrimmed ? trimmed(request.payload) : request.payload;
+}
+
+std::string recordJSON(const korvo::QRCodeData& data, bool isCompact, bool forDatabase) {
+    if (!isCompact && !forDatabase) {
+        return data.utf8JSON();
+    }
+    JSONWriter json(Layout::oneLine);
+    json.beginObject();
+    bool isEscaped = false;
+    for (const korvo::QRCodeDataPropertyRow& row : korvo::qrCodeDataProperties) {
+        const auto text = data.text(row.index);
+        const bool isAbsent = row.isFlag ? !data.flag(row.index) : !text;
+        if (isCompact && isAbsent) {
+            continue;
+        }
+        json.name(row.name);
+        if (row.isFlag) {
+            json.boolean(!isAbsent);
+        } else if (isAbsent) {
+            json.null();
+        } else if (forDatabase && text->find('\0') != std::string_view::npos) {
+            json.validString(withoutNUL(*text));
+            isEscaped = true;
+        } else {
+            json.validString(*text);
+        }
+    }
+    if (isEscaped) {
+        json.name("escaped").boolean(true);
+    }
+    return json.endObject().takeText();
+}
+
+std::string harmlessAnswer(const std::string& text, Format format) {
     switch (format) {
         case Format::text:
-            answer = data ? data->description() : errorText(*error);
-            break;
+        case Format::copy:
+            return harmless(text);
         case Format::json:
-            answer = data ? dataJSON(*data, origin) : errorJSON(*error, origin, Layout::indented);
-            break;
         case Format::jsonl:
-            answer = data ? dataLine(*data, origin) : errorJSON(*error, origin, Layout::oneLine);
+            return harmlessJSON(text);
+    }
+    return {};
+}
+
+bool appendAnswer(std::string& text, const ParsedPayload& parsed, const RunOptions& options) {
+    const auto& data = parsed.response.qrCodeData();
+    bool isPrintable = true;
+    switch (options.format) {
+        case Format::text:
+            text += textHead(parsed.request, options);
+            text += data ? data->description() : errorText(parsed, options);
+            return true;
+        case Format::json: {
+            const std::string json =
+                data ? dataJSON(parsed, options) : errorJSON(parsed, options, Layout::indented);
+            isPrintable = !json.empty();
+            text += json;
+            break;
+        }
+        case Format::jsonl:
+            if (data) {
+                appendDataLine(text, parsed, options);
+            } else {
+                text += errorJSON(parsed, options, Layout::oneLine);
+            }
+            break;
+        case Format::copy:
+            appendCopyRow(text, parsed, options);
             break;
     }
-    return answer;
+    text += '\n';
+    return isPrintable;
 }
 
 }  // namespace korvoqr

@@ -205,6 +205,14 @@ std::string harmlessJSON(std::string_view json) {
     return shown(json, "", "\n", escapedForJSON);
 }
 
+std::string grouped(std::uint64_t number) {
+    std::string digits = std::to_string(number);
+    for (std::size_t i = digits.size(); i > 3; i -= 3) {
+        digits.insert(i - 3, 1, ',');
+    }
+    return digits;
+}
+
 // Terminals differ on emoji. This counts a skin colour as wide as an emoji, as some terminals do, so that no
 // line is too long.
 std::size_t displayWidth(std::string_view text) {

@@ -2,6 +2,7 @@
 #define KORVOQR_TERMINAL_H
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -50,6 +51,9 @@ std::string harmlessJSON(std::string_view json);
 constexpr bool isContinuationByte(char byte) noexcept {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
+
+/// A number with a comma before each group of three digits.
+std::string grouped(std::uint64_t number);
 
 /// The columns that a text made by `visible` takes on a terminal.
 std::size_t displayWidth(std::string_view text);

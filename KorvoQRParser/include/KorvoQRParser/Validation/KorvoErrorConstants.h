@@ -126,6 +126,22 @@ inline constexpr std::array errorCatalogue{
 #undef KORVO_ENTRY
 };
 
+/// A code that no rule raises, and whose number no rule will ever get.
+struct ReservedErrorCode {
+    std::string_view code;  ///< the number as text
+    std::string_view name;  ///< the constant's name in KorvoErrorConstants
+};
+
+/// The reserved codes, in numeric order. The catalogue does not have them.
+inline constexpr std::array reservedErrorCodes{
+    ReservedErrorCode{KorvoErrorConstants::primaryIdNotPresentForMerchant, "primaryIdNotPresentForMerchant"},
+    ReservedErrorCode{KorvoErrorConstants::secondayrIdNotPresentForMerchant,
+                      "secondayrIdNotPresentForMerchant"},
+    ReservedErrorCode{KorvoErrorConstants::secondaryIdNoSubscriberIdForMerchant,
+                      "secondaryIdNoSubscriberIdForMerchant"},
+    ReservedErrorCode{KorvoErrorConstants::additionalDataFieldTagCount, "additionalDataFieldTagCount"},
+};
+
 /// The catalogue's row for a code. Null when the catalogue does not have it: a reserved code, a code that a
 /// newer shared library raises, or any other text. Any number of threads may call it, because the catalogue
 /// is constant.

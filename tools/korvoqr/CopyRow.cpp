@@ -1,0 +1,83 @@
+#include "LibraryInternals.h"
+#include "Rendering.h"
+#include "Terminal.h"
+
+#include <string>
+#include <string_view>
+
+namespace korvoqr {
+
+namespace {
+
+constexpr std::string_view null = "\\N";
+
+// The text with COPY's escapes.
+void appendField(std::string& row, std::string_view text) {
+    for (const char byte : text) {
+        switch (byte) {
+            case '\\':
+                row += "\\\\";
+                break;
+            case '\t':
+                row += "\\t";
+                break;
+            case '\n':
+                row += "\\n";
+                break;
+            case '\r':
+                row += "\\r";
+                break;
+            default:
+                row += byte;
+        }
+    }
+    row += '\t';
+}
+
+// A database holds neither NUL nor bytes that are not UTF-8.
+void appendForeignField(std::string& row, std::string_view text) {
+    const bool isHeld = korvo::isUTF8(text) && text.find('\0') == std::string_view::npos;
+    appendField(row, isHeld ? std::string(text) : visible(text));
+}
+
+void appendOriginFields(std::string& row, const Request& request, const RunOptions& options) {
+    const Origin& origin = request.origin;
+    if (!origin.file.empty()) {
+        appendForeignField(row, origin.file);
+    }
+    if (options.lineNumber) {
+        appendField(row, origin.line > 0 ? std::to_string(origin.line) : std::to_string(origin.code));
+    }
+    if (origin.key) {
+        appendForeignField(row, *origin.key);
+    } else if (!options.input.keyColumn.empty()) {
+        row += null;
+        row += '\t';
+    }
+    if (options.withPayload && request.isTooLong) {
+        row += null;
+        row += '\t';
+    } else if (options.withPayload) {
+        appendForeignField(row, request.payload);
+    }
+}
+
+}  // namespace
+
+void appendCopyRow(std::string& text, const ParsedPayload& parsed, const RunOptions& options) {
+    appendOriginFields(text, parsed.request, options);
+    if (const auto& data = parsed.response.qrCodeData()) {
+        text += "t\t{}\t";
+        appendField(text, recordJSON(*data, options.compact, true));
+        text.pop_back();
+        return;
+    }
+    std::string codes;
+    for (const std::string& code : parsed.response.qrCodeError()->errorCodes()) {
+        codes += (codes.empty() ? "" : ",") + code;
+    }
+    text += "f\t{" + codes + "}\t";
+    text += null;
+}
+
+}  // namespace korvoqr

@@ -1,0 +1,55 @@
+#include "Interruption.h"
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace korvoqr {
+
+namespace {
+
+std::atomic<int> received = 0;
+std::array<int, 2> ends{-1, -1};  // of a pipe: a read that waits notices a signal only through a descriptor
+
+void note(int signal) {
+    const int error = errno;
+    received = signal;
+    [[maybe_unused]] const ssize_t written = ::write(ends[1], "", 1);
+    errno = error;
+}
+
+}  // namespace
+
+void Interruption::expect() {
+    if (::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
+        ends = {-1, -1};
+        return;
+    }
+    for (const int signal : {SIGINT, SIGTERM}) {
+        struct sigaction action {};
+        action.sa_handler = note;
+        action.sa_flags = static_cast<int>(SA_RESETHAND);
+        ::sigaction(signal, &action, nullptr);
+    }
+}
+
+int Interruption::signal() noexcept {
+    return received;
+}
+
+int Interruption::descriptor() noexcept {
+    return ends[0];
+}
+
+void Interruption::endProcess() {
+    if (received != 0) {
+        std::signal(received, SIG_DFL);
+        std::raise(received);
+    }
+}
+
+}  // namespace korvoqr
