@@ -72,6 +72,7 @@ std::optional<korvo::ErrorCatalogueEntry> entryFor(const std::string& code) {
 
 std::string closestCode(const std::string& code) {
     std::vector<std::string> names;
+    names.reserve(korvo::errorCatalogue.size());
     for (const auto& entry : korvo::errorCatalogue) {
         names.emplace_back(entry.name);
     }

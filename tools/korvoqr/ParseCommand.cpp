@@ -42,7 +42,7 @@ korvo::QRCodeParserResponse parse(std::string_view payload, bool trim, bool& isT
 }
 
 void answer(const Request& request, const RunOptions& options, bool isForPerson, Answers& answers) {
-    ParsedPayload parsed{request, {nullptr, nullptr}, false};
+    ParsedPayload parsed{request, {nullptr, nullptr}};
     if (request.isTooLong) {
         parsed.response = {nullptr, std::make_shared<korvo::QRCodeError>(std::vector{malformed()})};
     } else {
@@ -63,8 +63,9 @@ void answer(const Request& request, const RunOptions& options, bool isForPerson,
         answers.unprintable.note(placeOf(request.origin));
     }
     if (isForPerson) {
-        answers.text.replace(begin, std::string::npos,
-                             harmlessAnswer(answers.text.substr(begin), options.format));
+        const std::string harmless = harmlessAnswer(answers.text.substr(begin), options.format);
+        answers.text.resize(begin);
+        answers.text += harmless;
     }
 }
 

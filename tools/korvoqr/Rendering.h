@@ -13,7 +13,7 @@ namespace korvoqr {
 struct ParsedPayload {
     const Request& request;
     korvo::QRCodeParserResponse response;
-    bool isTrimmed;  ///< it is the answer without the white space and quotes around the payload
+    bool isTrimmed = false;  ///< it is the answer without the white space and quotes around the payload
 
     std::string_view payload() const;
 };
