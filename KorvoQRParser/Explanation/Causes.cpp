@@ -47,15 +47,11 @@ bool isOtherAccount(std::string_view tag) {
     return tag >= "04" && tag <= "07";
 }
 
-bool isTemplate(std::string_view tag) {
-    return tag >= "26" && tag <= "51";
-}
-
 // What a payload of another scheme has instead of the merchant identifier.
 std::string accountsInstead(const std::vector<QRCodeElement>& elements) {
     std::string list;
     for (const QRCodeElement& element : elements) {
-        if (isOtherAccount(element.name()) || isTemplate(element.name())) {
+        if (isOtherAccount(element.name()) || isTemplateTag(element.name())) {
             list += (list.empty() ? "" : ", ") + element.name();
         }
     }

@@ -185,7 +185,7 @@ Variant withoutInsertions(const Draft& draft, const Characters& text, const Inse
                                   ? "There are " + counted(places.size(), name) + " inside the text that"
                                   : "There is a " + std::string(name) + " inside the text, at offset " +
                                         std::to_string(places.front()) + ", which";
-    Variant variant{{}, 0.7, cause + " the lengths do not count."};
+    Variant variant{{}, 0.7, cause + " the lengths do not count.", true};
     std::size_t begin = 0;
     for (const std::size_t place : places) {
         variant.draft.append(draft, begin, text.byteOf(place));
