@@ -299,8 +299,9 @@ class Doctor {
         if (isConfirmed(candidate)) {
             return " Without that the checksum matches, so it happened after the checksum was computed.";
         }
-        if (isMatching_ && walk_.fault) {
-            return " The checksum matches the text as it stands, so it was so when the checksum was "
+        if (isMatching_) {
+            return " The checksum matches the text as it stands, so the mistake was there before the "
+                   "checksum was "
                    "computed.";
         }
         return "";

@@ -64,10 +64,12 @@ std::string listOf(const Characters& text, std::size_t begin, std::size_t end) {
 std::string causeOfTrimming(const Characters& text, std::size_t begin, std::size_t end) {
     const std::string before = listOf(text, 0, begin);
     const std::string after = listOf(text, end, text.count());
+    // A list begins with "a" or a number.
+    const std::string beginning = (before.empty() ? after : before)[0] == 'a' ? "There is " : "There are ";
     if (before == after) {
-        return "There is " + before + " before and after the payload.";
+        return beginning + before + " before and after the payload.";
     }
-    return "There is " + (before.empty() ? "" : before + " before the payload") +
+    return beginning + (before.empty() ? "" : before + " before the payload") +
            (before.empty() || after.empty() ? "" : ", and ") +
            (after.empty() ? "" : after + (before.empty() ? " after the payload" : " after it")) + '.';
 }

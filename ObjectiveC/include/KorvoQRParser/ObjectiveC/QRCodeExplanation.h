@@ -262,7 +262,7 @@ KORVO_EXPORT
 /// Why the payload cannot be split; nil if it can.
 @property(nonatomic, readonly) QRCodeFault* _Nullable fault;
 
-/// The checksum; nil for a one-character payload, and for a text of fewer than four characters.
+/// The checksum; nil for a one-character payload, and for a text without four characters of UTF-8 at its end.
 @property(nonatomic, readonly) QRCodeChecksum* _Nullable checksum;
 
 /// What probably happened, the likeliest first: sentences for a person. Empty for an accepted payload, never
