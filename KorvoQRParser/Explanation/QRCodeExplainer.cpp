@@ -88,33 +88,46 @@ void findCauses(QRCodeExplanation::Facts& facts, const PayloadWalk& walk) {
     facts.unverified = std::move(diagnosis.unverified);
 }
 
+// Finds everything about a payload that needs no search. The walk has views into the facts' payload.
+PayloadWalk describe(QRCodeExplanation::Facts& facts) {
+    const std::string_view payload = facts.payload;
+    PayloadWalk walk(payload);
+    const std::optional<bool> isTwoDigit = isTwoDigitPayload(payload);
+    if (isTwoDigit) {
+        facts.format = *isTwoDigit ? QRCodeFormat::twoDigit : QRCodeFormat::oneCharacter;
+    }
+    if (const auto& error = QRCodeParser::parseQRData(payload).qrCodeError()) {
+        facts.errorCodes = error->errorCodes();
+    }
+    if (isTwoDigit.value_or(false) || (walk.fault && payload.find(checksumHead) != std::string_view::npos)) {
+        facts.checksum = checksumOf(payload, walk);
+    }
+    if (walk.fault) {
+        facts.fault = explainFault(payload, walk);
+    } else {
+        facts.missing = assignViolations(facts.errorCodes, *isTwoDigit,
+                                         facts.checksum ? facts.checksum->computed() : "", walk.elements);
+    }
+    facts.elements = elementsOf(walk);
+    return walk;
+}
+
 }  // namespace
 
 QRCodeExplanation QRCodeExplainer::explainQRData(std::string_view qrCodeString) {
     auto facts = std::make_shared<QRCodeExplanation::Facts>();
     facts->payload = qrCodeString;
-    const std::string_view payload = facts->payload;
-    PayloadWalk walk(payload);
-    const std::optional<bool> isTwoDigit = isTwoDigitPayload(payload);
-    if (isTwoDigit) {
-        facts->format = *isTwoDigit ? QRCodeFormat::twoDigit : QRCodeFormat::oneCharacter;
-    }
-    if (const auto& error = QRCodeParser::parseQRData(payload).qrCodeError()) {
-        facts->errorCodes = error->errorCodes();
-    }
-    if (isTwoDigit.value_or(false) || (walk.fault && payload.find(checksumHead) != std::string_view::npos)) {
-        facts->checksum = checksumOf(payload, walk);
-    }
-    if (walk.fault) {
-        facts->fault = explainFault(payload, walk);
-    } else {
-        facts->missing = assignViolations(facts->errorCodes, *isTwoDigit,
-                                          facts->checksum ? facts->checksum->computed() : "", walk.elements);
-    }
-    facts->elements = elementsOf(walk);
+    const PayloadWalk walk = describe(*facts);
     if (!facts->errorCodes.empty()) {
         findCauses(*facts, walk);
     }
+    return QRCodeExplanation(std::move(facts));
+}
+
+QRCodeExplanation QRCodeExplainer::describeQRData(std::string_view qrCodeString) {
+    auto facts = std::make_shared<QRCodeExplanation::Facts>();
+    facts->payload = qrCodeString;
+    describe(*facts);
     return QRCodeExplanation(std::move(facts));
 }
 

@@ -266,7 +266,7 @@ KORVO_EXPORT
 @property(nonatomic, readonly) QRCodeChecksum* _Nullable checksum;
 
 /// What probably happened, the likeliest first: sentences for a person. Empty for an accepted payload, never
-/// empty for a refused one.
+/// empty for a refused one, unless describeQRData made the explanation.
 @property(nonatomic, readonly, copy) KORVO_ARRAY_OF(NSString*) * causes;
 
 /// The repairs that the written checksum vouches for, the likeliest first: it is right for the text as it
