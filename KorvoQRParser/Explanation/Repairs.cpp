@@ -259,11 +259,16 @@ class Doctor {
         }
     }
 
-    // A repair that changes how money reads is only offered if there is no other.
+    // A repair that changes how money reads is only offered if there is no other. It is still a cause.
     void dropDoubtful() {
-        const bool isDoubtful = candidates_.size() > 1;
-        std::erase_if(candidates_, [isDoubtful](const Candidate& candidate) {
-            return isDoubtful && candidate.money.isChanged;
+        if (candidates_.size() == 1) {
+            return;
+        }
+        std::erase_if(candidates_, [this](const Candidate& candidate) {
+            if (candidate.money.isChanged) {
+                noteCause(candidate.cost, candidate.cause);
+            }
+            return candidate.money.isChanged;
         });
     }
 
