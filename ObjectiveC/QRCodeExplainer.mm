@@ -13,4 +13,9 @@
     return KORVO_AUTORELEASE(korvo::objectivec::newObject(korvo::QRCodeExplainer::explainQRData(payload)));
 }
 
++ (QRCodeExplanation*)describeQRDataWithQrCodeString:(NSString*)qrCodeString {
+    const std::string payload = korvo::objectivec::textFromString(qrCodeString);
+    return KORVO_AUTORELEASE(korvo::objectivec::newObject(korvo::QRCodeExplainer::describeQRData(payload)));
+}
+
 @end

@@ -109,6 +109,9 @@ void measure(const Kind& kind, const FaultyPayload& faulty, const std::vector<Ta
     EXPECT_EQ(codesIn(QRCodeParser::parseQRData(faulty.right)), Codes{})
         << testing::PrintToString(faulty.right);
     const auto explanation = QRCodeExplainer::explainQRData(faulty.text);
+    const std::string json = explanation.utf8JSON();
+    EXPECT_EQ(QRCodeExplainer::describeQRData(faulty.text).utf8JSON(),
+              json.substr(0, json.find(",\"causes\":")) + R"(,"causes":[],"repairs":[],"unverified":[]})");
     const std::size_t vouchedFor = explanation.repairs().size();
     auto repairs = explanation.repairs();
     repairs.insert(repairs.end(), explanation.unverified().begin(), explanation.unverified().end());

@@ -47,15 +47,11 @@ bool isOtherAccount(std::string_view tag) {
     return tag >= "04" && tag <= "07";
 }
 
-bool isTemplate(std::string_view tag) {
-    return tag >= "26" && tag <= "51";
-}
-
 // What a payload of another scheme has instead of the merchant identifier.
 std::string accountsInstead(const std::vector<QRCodeElement>& elements) {
     std::string list;
     for (const QRCodeElement& element : elements) {
-        if (isOtherAccount(element.name()) || isTemplate(element.name())) {
+        if (isOtherAccount(element.name()) || isTemplateTag(element.name())) {
             list += (list.empty() ? "" : ", ") + element.name();
         }
     }
@@ -118,7 +114,7 @@ std::vector<std::string> causesOfRules(const Facts& facts, const Diagnosis& diag
 std::optional<std::string> causeOfCut(std::string_view payload, const PayloadWalk& walk) {
     const auto& [error, format, isInside, element, rest] = *walk.fault;
     const bool isTwoDigit = format.fieldWidth == twoDigitFormat.fieldWidth;
-    const std::string consequence = isTwoDigit ? "It is cut, or without its checksum." : "It is cut.";
+    const std::string consequence(isTwoDigit ? consequenceOfCut : "It is cut.");
     if (error == TLVDecodingError::InvalidLength) {
         return payload.empty() ? "The text is empty." : "The text has only one character. It is cut.";
     }
@@ -152,15 +148,16 @@ void removeRepetitions(std::vector<std::string>& causes) {
     }
 }
 
-}  // namespace
-
+// The fault as a sentence, for a text of which nothing better is known.
 std::string causeOfFault(const QRCodeFault& fault) {
     if (fault.kind() == QRCodeFaultKind::missingChecksum) {
-        return "The text ends without tag 63: it is cut, or without its checksum.";
+        return std::string(causeOfMissingChecksum);
     }
     return capitalised(std::string(fault.kindText())) + ": " + fault.reason() + " (offset " +
            std::to_string(fault.offset()) + ").";
 }
+
+}  // namespace
 
 std::vector<std::string> orderedCauses(const Facts& facts, const PayloadWalk& walk,
                                        const Diagnosis& diagnosis) {

@@ -15,9 +15,6 @@ namespace korvo {
 std::vector<std::string> orderedCauses(const QRCodeExplanation::Facts& facts, const PayloadWalk& walk,
                                        const Diagnosis& diagnosis);
 
-/// The fault as a sentence, for a text of which nothing better is known.
-std::string causeOfFault(const QRCodeFault& fault);
-
 }  // namespace korvo
 
 #endif

@@ -1,3 +1,4 @@
+#include <KorvoQRParser/Decoding/Text/ASCII.h>
 #include <KorvoQRParser/Explanation/Caution.h>
 #include <KorvoQRParser/Explanation/VisibleText.h>
 
@@ -23,6 +24,12 @@ constexpr std::array moneyTags{MoneyTag{"02", "0", true}, MoneyTag{"04", "", fal
 
 using Value = std::optional<std::string_view>;
 
+// Tags are compared in upper case; those of the one-character format may be written in either.
+bool isTag(std::string_view written, std::string_view tag) {
+    return std::equal(written.begin(), written.end(), tag.begin(), tag.end(),
+                      [](char a, char b) { return asciiUpperCase(a) == b; });
+}
+
 // The value of a tag, as far as the walk got. An element that does not fit has the text that is left.
 Value valueOf(const PayloadWalk& walk, std::string_view tag) {
     for (const WalkedElement& walked : walk.elements) {
@@ -32,7 +39,7 @@ Value valueOf(const PayloadWalk& walk, std::string_view tag) {
     }
     const auto& fault = walk.fault;
     const bool isCut = fault && fault->error == TLVDecodingError::InvalidTagLength &&
-                       !fault->isInsideAdditionalData && !tag.empty() && fault->element.tag == tag &&
+                       !fault->isInsideAdditionalData && !tag.empty() && isTag(fault->element.tag, tag) &&
                        fault->format.readLength(fault->element.length) >= fault->format.minimumLength;
     return isCut ? Value(fault->rest) : std::nullopt;
 }

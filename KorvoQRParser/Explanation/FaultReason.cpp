@@ -108,12 +108,7 @@ Finding invalidTag(const Elements& elements, const TLVFault& fault) {
 
 // The place of the first bytes that are not UTF-8, in a text that has some.
 Finding malformedBytes(std::string_view text) {
-    std::size_t start = 0;
-    std::size_t end = 0;
-    while (end < text.size() && nextCodePoint(text, end) >= 0) {
-        start = end;
-    }
-    return {Kind::notText, text.data() + start, "these bytes are not UTF-8"};
+    return {Kind::notText, text.data() + firstMalformedByte(text), "these bytes are not UTF-8"};
 }
 
 Finding wrongLength(const TLVFault& fault, std::int64_t length, std::int64_t left) {

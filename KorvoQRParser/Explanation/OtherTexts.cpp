@@ -11,7 +11,7 @@ namespace korvo {
 
 namespace {
 
-// The beginnings, in lower case, of texts that codes often hold. A longer one comes before its own beginning.
+// The beginnings, in lower case, of texts that codes often hold.
 struct Kind {
     std::string_view beginning;
     std::string_view name;
@@ -32,7 +32,7 @@ constexpr std::array kinds{Kind{"http:", "a web address"},
                            Kind{"sms:", "a text message"},
                            Kind{"smsto:", "a text message"},
                            Kind{"geo:", "a place on a map"},
-                           Kind{"otpauth:", "a key for passwords"},
+                           Kind{"otpauth:", "a key for one-time passwords"},
                            Kind{"bcd\n", "a bank transfer"},
                            Kind{"bcd\r\n", "a bank transfer"},
                            Kind{"{", "JSON"},
@@ -44,7 +44,7 @@ bool beginsInAnyCase(std::string_view text, std::string_view beginning) {
                       [](char a, char b) { return a == asciiLowerCase(b); });
 }
 
-// Whether the text begins with the name of a scheme and "://", or with one and a colon.
+// Whether the text begins as a link does, with a word and a colon.
 bool isLink(std::string_view text) {
     constexpr std::size_t longestScheme = 24;
     const std::size_t colon = text.find(':');
@@ -93,16 +93,6 @@ bool isUTF16(std::string_view bytes) {
     const std::size_t half = bytes.size() / 2;
     const auto [fewer, more] = std::minmax(zeros[0], zeros[1]);
     return half > 2 && more > half * 3 / 4 && fewer < half / 4;
-}
-
-std::size_t firstMalformedByte(std::string_view bytes) {
-    for (std::size_t offset = 0; offset < bytes.size();) {
-        const std::size_t start = offset;
-        if (nextCodePoint(bytes, offset) < 0) {
-            return start;
-        }
-    }
-    return bytes.size();
 }
 
 // Whether bytes are the beginning of a code point, and nothing else.

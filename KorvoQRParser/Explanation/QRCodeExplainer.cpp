@@ -20,13 +20,13 @@ namespace korvo {
 namespace {
 
 // The checksum of a text in the two-digit format. One that ends with a checksum of the wrong length is taken
-// without it.
+// without it. Absent if bytes that are not UTF-8 hide which characters are the last four.
 std::optional<QRCodeChecksum> checksumOf(std::string_view payload, const PayloadWalk& walk) {
     const std::string_view covered = droppingLastCharacters(payload, checksumLength);
-    if (covered.empty()) {
+    std::string_view found = payload.substr(covered.size());
+    if (covered.empty() || !isUTF8(found)) {
         return std::nullopt;
     }
-    std::string_view found = payload.substr(covered.size());
     std::uint16_t computed = computeCRC16(covered);
     const bool isMatching = parseInteger(found, 16) == std::int64_t{computed};
     if (!walk.fault && walk.elements.back().element.value.characterCount() != checksumLength) {
@@ -39,19 +39,19 @@ std::optional<QRCodeChecksum> checksumOf(std::string_view payload, const Payload
         QRCodeChecksum::Facts{std::string(found), checksumText(computed, false), isMatching}));
 }
 
-QRCodeElement elementOf(WalkedElement& walked, std::vector<QRCodeElement> inside) {
+QRCodeElement elementOf(const WalkedElement& walked, std::vector<QRCodeElement> inside) {
     const TLVElement& element = walked.element;
     return QRCodeElement(std::make_shared<QRCodeElement::Facts>(
         QRCodeElement::Facts{walked.offset, std::string(element.tag), std::string(element.length),
-                             std::string(element.value.text()), std::move(walked.name), walked.meaning,
-                             std::move(walked.violations), std::move(inside)}));
+                             std::string(element.value.text()), walked.name, walked.meaning,
+                             walked.violations, std::move(inside)}));
 }
 
-// The elements with those inside tag 62 in it. Takes the names and violations out of the walk.
-std::vector<QRCodeElement> elementsOf(PayloadWalk& walk) {
+// The elements with those inside tag 62 in it.
+std::vector<QRCodeElement> elementsOf(const PayloadWalk& walk) {
     std::vector<QRCodeElement> elements;
     for (std::size_t i = 0; i < walk.elements.size();) {
-        WalkedElement& element = walk.elements[i++];
+        const WalkedElement& element = walk.elements[i++];
         std::vector<QRCodeElement> inside;
         for (; i < walk.elements.size() && walk.elements[i].isInsideAdditionalData; ++i) {
             inside.push_back(elementOf(walk.elements[i], {}));
@@ -88,34 +88,46 @@ void findCauses(QRCodeExplanation::Facts& facts, const PayloadWalk& walk) {
     facts.unverified = std::move(diagnosis.unverified);
 }
 
+// Finds everything about a payload that needs no search. The walk has views into the facts' payload.
+PayloadWalk describe(QRCodeExplanation::Facts& facts) {
+    const std::string_view payload = facts.payload;
+    PayloadWalk walk(payload);
+    const std::optional<bool> isTwoDigit = isTwoDigitPayload(payload);
+    if (isTwoDigit) {
+        facts.format = *isTwoDigit ? QRCodeFormat::twoDigit : QRCodeFormat::oneCharacter;
+    }
+    if (const auto& error = QRCodeParser::parseQRData(payload).qrCodeError()) {
+        facts.errorCodes = error->errorCodes();
+    }
+    if (isTwoDigit.value_or(false) || (walk.fault && payload.find(checksumHead) != std::string_view::npos)) {
+        facts.checksum = checksumOf(payload, walk);
+    }
+    if (walk.fault) {
+        facts.fault = explainFault(payload, walk);
+    } else {
+        facts.missing = assignViolations(facts.errorCodes, *isTwoDigit,
+                                         facts.checksum ? facts.checksum->computed() : "", walk.elements);
+    }
+    facts.elements = elementsOf(walk);
+    return walk;
+}
+
 }  // namespace
 
 QRCodeExplanation QRCodeExplainer::explainQRData(std::string_view qrCodeString) {
     auto facts = std::make_shared<QRCodeExplanation::Facts>();
     facts->payload = qrCodeString;
-    const std::string_view payload = facts->payload;
-    PayloadWalk walk(payload);
-    const std::optional<bool> isTwoDigit = isTwoDigitPayload(payload);
-    if (isTwoDigit) {
-        facts->format = *isTwoDigit ? QRCodeFormat::twoDigit : QRCodeFormat::oneCharacter;
-    }
-    if (const auto& error = QRCodeParser::parseQRData(payload).qrCodeError()) {
-        facts->errorCodes = error->errorCodes();
-    }
-    if (isTwoDigit.value_or(false) || (walk.fault && payload.find(checksumHead) != std::string_view::npos)) {
-        facts->checksum = checksumOf(payload, walk);
-    }
-    if (walk.fault) {
-        facts->fault = explainFault(payload, walk);
-    } else {
-        facts->missing = assignViolations(facts->errorCodes, *isTwoDigit,
-                                          facts->checksum ? facts->checksum->computed() : "", walk.elements);
-    }
-    const PayloadWalk forCauses = walk;
-    facts->elements = elementsOf(walk);
+    const PayloadWalk walk = describe(*facts);
     if (!facts->errorCodes.empty()) {
-        findCauses(*facts, forCauses);
+        findCauses(*facts, walk);
     }
+    return QRCodeExplanation(std::move(facts));
+}
+
+QRCodeExplanation QRCodeExplainer::describeQRData(std::string_view qrCodeString) {
+    auto facts = std::make_shared<QRCodeExplanation::Facts>();
+    facts->payload = qrCodeString;
+    describe(*facts);
     return QRCodeExplanation(std::move(facts));
 }
 

@@ -42,7 +42,7 @@ class Sentences {
             add("Tag 00 is not first, as it must be in the two-digit format.");
         }
         if (reading_.isChecksumMissing) {
-            add("The text ends without tag 63: it is cut, or without its checksum.");
+            add(std::string(causeOfMissingChecksum));
         }
         if (reading_.isChecksumMoved) {
             add("The checksum, tag 63, is not last.");
@@ -141,7 +141,7 @@ class Sentences {
         }
         const std::size_t left = count - checksumHead.size();
         if (rest.substr(0, checksumHead.size()) == checksumHead && left < checksumLength) {
-            add(causeOfCutValue(checksumTag, left, checksumLength) + " It is cut, or without its checksum.");
+            add(causeOfCutValue(checksumTag, left, checksumLength) + ' ' + std::string(consequenceOfCut));
             return;
         }
         add("The checksum, tag 63, is not 4 characters with the length 04, but " +

@@ -10,6 +10,11 @@
 
 namespace korvo {
 
+/// The two reasons why a two-digit payload ends early.
+inline constexpr std::string_view consequenceOfCut = "It is cut, or without its checksum.";
+inline constexpr std::string_view causeOfMissingChecksum =
+    "The text ends without tag 63: it is cut, or without its checksum.";
+
 /// The mistakes of a reading, as sentences. `keepsChecksum` says whether the written checksum is right for
 /// the payload without them.
 std::vector<std::string> causesOf(const Characters& text, const Reading& reading, bool isTwoDigit,

@@ -2,34 +2,20 @@
 #define KORVOQRPARSER_EXPLANATION_READINGS_H
 
 #include <KorvoQRParser/Explanation/Characters.h>
+#include <KorvoQRParser/Explanation/TaggedText.h>
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace korvo {
-
-/// An element as a reading takes it: places in the text, counted in characters.
-struct Piece {
-    std::string name;                ///< as QRCodeElement::name
-    std::size_t tag;                 ///< where the tag begins
-    std::size_t length;              ///< where the length field begins
-    std::size_t value;               ///< where the value begins
-    std::size_t end;                 ///< where it ends
-    std::int64_t written;            ///< the number in the length field; negative if it is none
-    bool isDuplicate = false;        ///< an exact copy of an earlier element, to be left out
-    bool isBroken = false;           ///< a checksum of a wrong length, to be written anew
-    std::vector<Piece> inside = {};  ///< of tag 62
-
-    std::size_t fieldWidth() const noexcept { return value - length; }
-};
 
 /// A way to split the text completely, after some mistakes in its form.
 struct Reading {
     std::vector<Piece> pieces;
     LengthUnit unit = LengthUnit::characters;  ///< that the written lengths count
     double cost = 0;                           ///< how improbable the mistakes are: about 1 for each
+    int mistakes = 0;                          ///< the most that the search allowed
     /// The elements whose lengths were taken to be wrong, as in Piece::name.
     std::vector<std::string> changedNames;
     bool isFormatMoved = false;      ///< tag 00 is not first
@@ -44,9 +30,8 @@ struct Reading {
 /// The length that a piece has in the repaired payload.
 std::size_t repairedLength(const Piece& piece) noexcept;
 
-/// All readings of a text with at most so many mistakes, which are looked for up to the first place where the
-/// written lengths lead astray. The text is taken to be in one of the two formats, whatever it begins with.
-/// The work is bounded.
+/// The likeliest readings of a text with at most so many mistakes, the likeliest first. The text is taken to
+/// be in one of the two formats, whatever it begins with. Work and memory are bounded.
 std::vector<Reading> findReadings(const Characters& text, bool isTwoDigit, int mostMistakes);
 
 /// The reading in which all lengths count this unit; none if the text does not split so.

@@ -60,13 +60,14 @@ class Doctor {
         }
         // A wrong length can swallow an element, so that the rest can be split all the same.
         const bool isIncomplete = std::any_of(codes_.begin(), codes_.end(), isAboutMissingElement);
-        mustKeepChecksum_ = !isIncomplete;
         tryInsertions(asItIs);
         if (isIncomplete) {
             readInUnits(asItIs);
         }
         if (!isOnlyChecksum) {
-            read(asItIs, 1);
+            Variant suspect = asItIs;
+            suspect.needsChecksum = !isIncomplete;
+            read(suspect, 1);
         }
     }
 
@@ -103,11 +104,10 @@ class Doctor {
         constexpr int mostInsertions = 64;
         const std::string& whole = variant.draft.text();
         const bool isPossible =
-            whole.substr(0, 2) == formatTag && whole.find(checksumHead) != std::string::npos;
+            isTwoDigitPayload(whole).value_or(false) && whole.find(checksumHead) != std::string::npos;
         if (isSure() || !isPossible) {
             return;
         }
-        const bool earlier = std::exchange(mustKeepChecksum_, true);
         const Characters wholeText(whole);
         for (const Insertions& insertions : insertionsIn(wholeText)) {
             if (++insertions_ > mostInsertions) {
@@ -123,18 +123,16 @@ class Doctor {
                 noteCause(shorter.cost, shorter.cause);
             }
         }
-        mustKeepChecksum_ = earlier;
     }
 
     void read(const Variant& variant, int mistakes) {
-        mistakes_ = mistakes;
         const Characters text(variant.draft.text());
-        const bool isTwoDigit = text.count() >= 2 && text.between(0, 2) == formatTag;
-        for (const Reading& reading : likeliest(findReadings(text, isTwoDigit, mistakes))) {
+        const bool isTwoDigit = isTwoDigitPayload(text.text()).value_or(false);
+        for (const Reading& reading : findReadings(text, isTwoDigit, mistakes)) {
             add(variant, text, reading, isTwoDigit);
         }
         if (!isTwoDigit && mistakes == 1) {
-            for (const Reading& reading : likeliest(findReadings(text, true, mistakes))) {
+            for (const Reading& reading : findReadings(text, true, mistakes)) {
                 if (reading.isFormatMoved || reading.isFormatMissing) {
                     add(variant, text, reading, true);
                 }
@@ -142,18 +140,9 @@ class Doctor {
         }
     }
 
-    static std::vector<Reading> likeliest(std::vector<Reading> readings) {
-        constexpr std::size_t most = 24;
-        std::stable_sort(readings.begin(), readings.end(),
-                         [](const Reading& a, const Reading& b) { return a.cost < b.cost; });
-        readings.resize(std::min(readings.size(), most));
-        return readings;
-    }
-
     void readInUnits(const Variant& variant) {
-        mistakes_ = 1;
         const Characters text(variant.draft.text());
-        const bool isTwoDigit = text.count() >= 2 && text.between(0, 2) == formatTag;
+        const bool isTwoDigit = isTwoDigitPayload(text.text()).value_or(false);
         for (const LengthUnit unit :
              {LengthUnit::utf8Bytes, LengthUnit::utf16Units, LengthUnit::codePoints}) {
             for (const Reading& reading : findReadingsInUnit(text, isTwoDigit, unit)) {
@@ -171,18 +160,17 @@ class Doctor {
         std::string cause =
             causeOf(variant, causesOf(text, reading, isTwoDigit, mended.keepsChecksum), mended);
         MoneyChange money = compareMoney(payload_, walk_, mended.draft.text(), reading.changedNames);
-        // Two lost digits look like two wrong lengths, and there is nothing to hold them against.
-        const bool isForbidden = reading.isForbidden || (mistakes_ > 1 && money.isChanged);
-        if (!isOffered(reading, mended, isForbidden, cost, cause)) {
-            return;
-        }
         const auto isCut = [&text](const Piece& piece) {
             return piece.isBroken && text.count() - piece.tag < checksumHead.size() + checksumLength;
         };
         const bool isOpenEnded =
             reading.isChecksumMissing || std::any_of(reading.pieces.begin(), reading.pieces.end(), isCut);
-        const bool isGuessed = reading.isGuessed || mended.isAmbiguous || mistakes_ > 1;
-        insert({std::move(mended), cost, std::move(cause), std::move(money), isOpenEnded, isGuessed});
+        const bool isGuessed = reading.isGuessed || mended.isAmbiguous || reading.mistakes > 1;
+        Candidate candidate{std::move(mended), cost,        std::move(cause),
+                            std::move(money),  isOpenEnded, isGuessed};
+        if (isOffered(candidate, reading, variant.needsChecksum)) {
+            insert(std::move(candidate));
+        }
     }
 
     static std::string causeOf(const Variant& variant, std::vector<std::string> sentences,
@@ -198,27 +186,31 @@ class Doctor {
 
     // Whether a reading's payload is accepted and may be offered. If not, it can be a cause still, and a
     // rival.
-    bool isOffered(const Reading& reading, const Mended& mended, bool isForbidden, double cost,
-                   const std::string& cause) {
+    bool isOffered(const Candidate& candidate, const Reading& reading, bool needsChecksum) {
+        const Mended& mended = candidate.mended;
         if (reading.isDoubtful && !mended.keepsChecksum) {
-            rivals_.push_back(cost);
+            rivals_.push_back(candidate.cost);
             return false;
         }
         const auto codes = codesOf(mended.draft.text());
         if (codes.empty() && mended.draft.text() != payload_) {
+            // Two lost digits look like two wrong lengths, and there is nothing to hold them against.
+            const bool isForbidden =
+                reading.isForbidden || (reading.mistakes > 1 && candidate.money.isChanged);
             if (isForbidden) {
-                rivals_.push_back(cost);
-                noteCause(std::min(cost, highestCost), cause);  // the payload would be accepted
+                // A mistake whose undoing the parser would accept is worth saying.
+                rivals_.push_back(candidate.cost);
+                noteCause(std::min(candidate.cost, highestCost), candidate.cause);
             }
-            return !isForbidden && (mended.keepsChecksum || !mustKeepChecksum_);
+            return !isForbidden && (mended.keepsChecksum || !needsChecksum);
         }
         // A reading without all the elements that a payload must have is probably wrong.
         const bool isComplete = std::none_of(codes.begin(), codes.end(), isAboutMissingElement);
         if (isComplete) {
-            rivals_.push_back(cost);
+            rivals_.push_back(candidate.cost);
         }
-        if (!mustKeepChecksum_ && (isComplete || reading.isFormatMissing)) {
-            noteCause(cost, cause);
+        if (!needsChecksum && (isComplete || reading.isFormatMissing)) {
+            noteCause(candidate.cost, candidate.cause);
         }
         return false;
     }
@@ -267,11 +259,16 @@ class Doctor {
         }
     }
 
-    // A repair that changes how money reads is only offered if there is no other.
+    // A repair that changes how money reads is only offered if there is no other. It is still a cause.
     void dropDoubtful() {
-        const bool isDoubtful = candidates_.size() > 1;
-        std::erase_if(candidates_, [isDoubtful](const Candidate& candidate) {
-            return isDoubtful && candidate.money.isChanged;
+        if (candidates_.size() == 1) {
+            return;
+        }
+        std::erase_if(candidates_, [this](const Candidate& candidate) {
+            if (candidate.money.isChanged) {
+                noteCause(candidate.cost, candidate.cause);
+            }
+            return candidate.money.isChanged;
         });
     }
 
@@ -307,8 +304,9 @@ class Doctor {
         if (isConfirmed(candidate)) {
             return " Without that the checksum matches, so it happened after the checksum was computed.";
         }
-        if (isMatching_ && walk_.fault) {
-            return " The checksum matches the text as it stands, so it was so when the checksum was "
+        if (isMatching_) {
+            return " The checksum matches the text as it stands, so the mistake was there before the "
+                   "checksum was "
                    "computed.";
         }
         return "";
@@ -356,10 +354,8 @@ class Doctor {
     const std::vector<std::string>& codes_;
     std::vector<Candidate> candidates_;
     std::vector<std::pair<double, std::string>> causes_;
-    bool mustKeepChecksum_ = false;
     std::vector<double> rivals_;  // the costs of explanations that have no repair
     int insertions_ = 0;          // that were tried
-    int mistakes_ = 0;            // that the present readings may have
 };
 
 }  // namespace

@@ -64,10 +64,12 @@ std::string listOf(const Characters& text, std::size_t begin, std::size_t end) {
 std::string causeOfTrimming(const Characters& text, std::size_t begin, std::size_t end) {
     const std::string before = listOf(text, 0, begin);
     const std::string after = listOf(text, end, text.count());
+    // A list begins with "a" or a number.
+    const std::string beginning = (before.empty() ? after : before)[0] == 'a' ? "There is " : "There are ";
     if (before == after) {
-        return "There is " + before + " before and after the payload.";
+        return beginning + before + " before and after the payload.";
     }
-    return "There is " + (before.empty() ? "" : before + " before the payload") +
+    return beginning + (before.empty() ? "" : before + " before the payload") +
            (before.empty() || after.empty() ? "" : ", and ") +
            (after.empty() ? "" : after + (before.empty() ? " after the payload" : " after it")) + '.';
 }
@@ -185,7 +187,7 @@ Variant withoutInsertions(const Draft& draft, const Characters& text, const Inse
                                   ? "There are " + counted(places.size(), name) + " inside the text that"
                                   : "There is a " + std::string(name) + " inside the text, at offset " +
                                         std::to_string(places.front()) + ", which";
-    Variant variant{{}, 0.7, cause + " the lengths do not count."};
+    Variant variant{{}, 0.7, cause + " the lengths do not count.", true};
     std::size_t begin = 0;
     for (const std::size_t place : places) {
         variant.draft.append(draft, begin, text.byteOf(place));

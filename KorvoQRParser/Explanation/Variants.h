@@ -13,8 +13,9 @@ namespace korvo {
 /// A text that a payload may have been before something happened to it as a whole.
 struct Variant {
     Draft draft;
-    double cost;        ///< how improbable that is, about 1
-    std::string cause;  ///< what happened, as a sentence
+    double cost;                 ///< how improbable that is, about 1
+    std::string cause;           ///< what happened, as a sentence
+    bool needsChecksum = false;  ///< only believed if the written checksum confirms it
 };
 
 /// The texts that remain without white space, byte order marks and quotation marks around them, and after

@@ -1,3 +1,5 @@
+#include <KorvoQRParser/Decoding/Text/ASCII.h>
+#include <KorvoQRParser/Decoding/Text/CharacterSet.h>
 #include <KorvoQRParser/Explanation/ExplanationFacts.h>
 #include <KorvoQRParser/Explanation/Violations.h>
 #include <KorvoQRParser/Explanation/VisibleText.h>
@@ -94,24 +96,30 @@ std::string lengthFact(const CountedText& value, Limits::Length limits) {
 }
 
 // The first character of the value that is not one of the allowed ones, and what it should be.
-std::string strangerFact(const CountedText& value, bool (*isAllowed)(char), std::string_view wanted) {
+std::string strangerFact(const CountedText& value, bool (*isAllowed)(std::string_view),
+                         std::string_view wanted) {
     std::string fact;
     forEachCharacter(value, [&](std::string_view character) {
-        if (fact.empty() && (character.size() > 1 || !isAllowed(character[0]))) {
+        if (fact.empty() && !isAllowed(character)) {
             fact = inQuotes(character) + " in " + inQuotes(value.text()) + " is not " + std::string(wanted);
         }
     });
     return fact;
 }
 
-bool isDigit(char c) {
-    return digitValue(c) < 10;
+bool isASCIIDigit(std::string_view character) {
+    return character.size() == 1 && digitValue(character[0]) < 10;
+}
+
+// Some rules accept the digits of any script.
+bool isDigit(std::string_view character) {
+    return consistsOfCharactersOf(character, decimalDigits());
 }
 
 // A value that must have a length and consist of digits.
-std::string digitsFact(const CountedText& value, Limits::Length limits) {
+std::string digitsFact(const CountedText& value, Limits::Length limits, bool (*isAllowed)(std::string_view)) {
     return isLengthOutside(value, limits) ? lengthFact(value, limits)
-                                          : strangerFact(value, isDigit, "a digit");
+                                          : strangerFact(value, isAllowed, "a digit");
 }
 
 // A value that is refused for its length or for a letter.
@@ -123,19 +131,23 @@ std::string amountLengthFact(const CountedText& value, Limits::Length limits) {
 std::string amountFact(const CountedText& value, std::string_view wanted) {
     const std::string_view text = value.text();
     const auto points = std::count(text.begin(), text.end(), '.');
-    const bool isNumber = points <= 1 && static_cast<std::size_t>(points) < text.size();
+    const auto digits = std::count_if(text.begin(), text.end(), [](char c) { return digitValue(c) < 10; });
+    const bool isNumber =
+        points <= 1 && digits > 0 && static_cast<std::size_t>(points + digits) == text.size();
     return inQuotes(text) + " is not " + std::string(isNumber ? wanted : "a number");
 }
 
 std::string amountCharactersFact(const CountedText& value) {
     return strangerFact(
-        value, [](char c) { return isDigit(c) || c == '.'; }, "a digit or a point");
+        value, [](std::string_view character) { return isDigit(character) || character == "."; },
+        "a digit or a point");
 }
 
 std::string checkDigitFact(const CountedText& value) {
     const std::string_view text = value.text();
     std::string corrected(text);
-    for (char digit = '0'; digit <= '9' && !text.empty() && isDigit(text.back()); ++digit) {
+    for (char digit = '0'; digit <= '9' && !text.empty() && isASCIIDigit(text.substr(text.size() - 1));
+         ++digit) {
         corrected.back() = digit;
         KorvoPayMerchantTLVValidator validator;
         validator.validateMerchantID(CountedText(corrected));
@@ -150,7 +162,7 @@ std::string checkDigitFact(const CountedText& value) {
 }
 
 std::string currencyFact(const CountedText& value) {
-    const std::string fact = digitsFact(value, Limits::currencyCode);
+    const std::string fact = digitsFact(value, Limits::currencyCode, isASCIIDigit);
     return fact.empty() ? inQuotes(value.text()) + " is not in the list of currencies" : fact;
 }
 
@@ -161,7 +173,7 @@ std::string countryFact(const CountedText& value) {
 }
 
 std::string formatFact(const CountedText& value) {
-    const std::string fact = digitsFact(value, Limits::payloadFormatIndicator);
+    const std::string fact = digitsFact(value, Limits::payloadFormatIndicator, isDigit);
     return fact.empty() ? inQuotes(value.text()) : fact;
 }
 
@@ -177,7 +189,11 @@ std::string consumerDataFact(const CountedText& value) {
     return isLengthOutside(value, Limits::additionalConsumerDataRequest)
                ? lengthFact(value, Limits::additionalConsumerDataRequest)
                : strangerFact(
-                     value, [](char c) { return c == 'A' || c == 'M' || c == 'E'; }, "A, M or E");
+                     value,
+                     [](std::string_view character) {
+                         return character == "A" || character == "M" || character == "E";
+                     },
+                     "A, M or E");
 }
 
 Limits::Length limitsOfAmount(const CountedText& amount) {
@@ -194,13 +210,13 @@ std::string factOf(ErrorCode code, const CountedText& value) {
         case ErrorCode::payloadFormatIndicatorInvalidValue:
             return inQuotes(value.text());
         case ErrorCode::merchantIdInvalidLength:
-            return digitsFact(value, Limits::merchantID);
+            return digitsFact(value, Limits::merchantID, isASCIIDigit);
         case ErrorCode::merchantIdInvalidCheckDigit:
             return checkDigitFact(value);
         case ErrorCode::merchantNameInvalidLengthOrCharacters:
             return lengthFact(value, Limits::merchantName);
         case ErrorCode::merchantCategoryCodeInvalidLength:
-            return digitsFact(value, Limits::merchantCategoryCode);
+            return digitsFact(value, Limits::merchantCategoryCode, isDigit);
         case ErrorCode::cityNameInvalidLengthOrCharacters:
             return lengthFact(value, Limits::cityName);
         case ErrorCode::countryCodeInvalidLengthOrCharacters:

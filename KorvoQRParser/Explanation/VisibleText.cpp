@@ -4,6 +4,7 @@
 #include <KorvoQRParser/Decoding/Text/UTF8.h>
 #include <KorvoQRParser/Explanation/VisibleText.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -69,15 +70,22 @@ std::string inQuotes(std::string_view text) {
          ++i) {
         end = characters.offset();
     }
-    // Where characters cannot be told apart, code points are cut.
-    while (end == 0 || (end < mostCharacters && !characters.atEnd() && end < text.size())) {
-        if (end == text.size()) {
-            break;
-        }
+    // What is not UTF-8, or a character of very many marks, is cut between code points.
+    while (end < std::min(text.size(), mostCharacters)) {
         nextCodePoint(text, end);
     }
     appendVisible(result, text.substr(0, end));
     return result += end == text.size() ? "\"" : "...\"";
+}
+
+std::size_t firstMalformedByte(std::string_view text) noexcept {
+    for (std::size_t offset = 0; offset < text.size();) {
+        const std::size_t start = offset;
+        if (nextCodePoint(text, offset) < 0) {
+            return start;
+        }
+    }
+    return text.size();
 }
 
 std::string withVisibleBytes(std::string_view text) {

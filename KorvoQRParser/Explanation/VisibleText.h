@@ -13,6 +13,9 @@ namespace korvo {
 /// than 40 characters is cut, and ends with dots.
 std::string inQuotes(std::string_view text);
 
+/// The place of the first byte that is not UTF-8; the text's size if there is none.
+std::size_t firstMalformedByte(std::string_view text) noexcept;
+
 /// The text with bytes that are not UTF-8 written as \xHH. If there are any, backslashes are doubled, so that
 /// the result says which are which; otherwise nothing changes.
 std::string withVisibleBytes(std::string_view text);

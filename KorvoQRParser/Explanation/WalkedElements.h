@@ -40,6 +40,11 @@ struct PayloadWalk {
 /// The name of an element inside tag 62.
 std::string nameInsideAdditionalData(std::string_view subTag);
 
+/// Whether a root tag of the two-digit format is one of 26 to 51, which have elements inside.
+inline bool isTemplateTag(std::string_view tag) noexcept {
+    return tag >= "26" && tag <= "51";
+}
+
 /// A tag with its meaning, as a sentence names it: "tag 59 (merchant name)".
 std::string namedTag(std::string_view name, std::string_view meaning);
 

@@ -150,6 +150,9 @@ static void explainsPayloads() {
     const auto& [mendable, doubtful, accepted, violating] = explanations;
     EXPECT(mendable.fault.faultKind == QRCodeFaultKindRepeatedTag && mendable.fault.byteOffset == nil);
     EXPECT_EQUAL(mendable.repairs.firstObject.edits.firstObject.to, @"06");
+    QRCodeExplanation* described = [QRCodeExplainer describeQRDataWithQrCodeString:mendable.payload];
+    EXPECT_EQUAL(described.fault.reason, mendable.fault.reason);
+    EXPECT(described.causes.count == 0 && described.repairs.count == 0);
     EXPECT(doubtful.unverified.firstObject.caution.length > 0);
     EXPECT(accepted.isAccepted && accepted.payloadFormat == QRCodeFormatTwoDigit);
     EXPECT(explained(@"0g").payloadFormat == QRCodeFormatOneCharacter && violating.missing.count == 1);

@@ -193,7 +193,7 @@ class Page {
         if (repairs.empty()) {
             return;
         }
-        text_ += isVouched ? "\nRepaired, as the checksum confirms:\n"
+        text_ += isVouched ? "\nRepaired; the checksum vouches for it:\n"
                            : "\nPerhaps it was this, but that is not verified:\n";
         const QRCodeRepair& repair = repairs.front();
         if (!repair.caution().empty()) {

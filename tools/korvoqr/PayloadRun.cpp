@@ -400,7 +400,7 @@ std::string faultOf(const Request& request, const RunOptions& options) {
     if (request.isTooLong) {
         return reasonForLength(options);
     }
-    const auto explanation = korvo::QRCodeExplainer::explainQRData(request.payload);
+    const auto explanation = korvo::QRCodeExplainer::describeQRData(request.payload);
     return explanation.fault() != nullptr ? std::string(explanation.fault()->kindText()) : "";
 }
 

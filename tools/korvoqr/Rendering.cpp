@@ -45,7 +45,7 @@ std::vector<Reason> reasonsOf(const ParsedPayload& parsed, const RunOptions& opt
             {parsed.response.qrCodeError()->errorCodes().front(), "", reasonForLength(options), {}});
         return reasons;
     }
-    const auto explanation = korvo::QRCodeExplainer::explainQRData(parsed.payload());
+    const auto explanation = korvo::QRCodeExplainer::describeQRData(parsed.payload());
     if (const korvo::QRCodeFault* const fault = explanation.fault()) {
         reasons.push_back({explanation.errorCodes().front(), fault->tag(), fault->reason(), fault->offset()});
     }

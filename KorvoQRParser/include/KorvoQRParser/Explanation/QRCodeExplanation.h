@@ -214,10 +214,11 @@ class KORVO_EXPORT QRCodeExplanation {
     const std::vector<QRCodeViolation>& missing() const noexcept;
     /// Why the payload cannot be split; null if it can.
     const QRCodeFault* fault() const noexcept;
-    /// The checksum; null for a one-character payload, and for a text of fewer than four characters.
+    /// The checksum; null for a one-character payload, and for a text without four characters of UTF-8 at its
+    /// end.
     const QRCodeChecksum* checksum() const noexcept;
     /// What probably happened, the likeliest first: sentences for a person. Empty for an accepted payload,
-    /// never empty for a refused one.
+    /// never empty for a refused one, unless describeQRData made the explanation.
     const std::vector<std::string>& causes() const noexcept;
     /// The repairs that the written checksum vouches for, the likeliest first: it is right for the text as it
     /// stands, or for the repaired text. None changes how an identifier, an amount or a fee reads.

@@ -27,6 +27,11 @@ KORVO_EXPORT
 + (QRCodeExplanation*)explainQRDataWithQrCodeString:(NSString*)qrCodeString
     KORVO_SWIFT_NAME(explainQRData(qrCodeString:));
 
+/// The same without causes, repairs and unverified repairs, which are empty. They need a search, so this is
+/// much faster for a refused payload: for programs that list or count many refusals.
++ (QRCodeExplanation*)describeQRDataWithQrCodeString:(NSString*)qrCodeString
+    KORVO_SWIFT_NAME(describeQRData(qrCodeString:));
+
 @end
 
 NS_ASSUME_NONNULL_END

@@ -262,11 +262,11 @@ KORVO_EXPORT
 /// Why the payload cannot be split; nil if it can.
 @property(nonatomic, readonly) QRCodeFault* _Nullable fault;
 
-/// The checksum; nil for a one-character payload, and for a text of fewer than four characters.
+/// The checksum; nil for a one-character payload, and for a text without four characters of UTF-8 at its end.
 @property(nonatomic, readonly) QRCodeChecksum* _Nullable checksum;
 
 /// What probably happened, the likeliest first: sentences for a person. Empty for an accepted payload, never
-/// empty for a refused one.
+/// empty for a refused one, unless describeQRData made the explanation.
 @property(nonatomic, readonly, copy) KORVO_ARRAY_OF(NSString*) * causes;
 
 /// The repairs that the written checksum vouches for, the likeliest first: it is right for the text as it
