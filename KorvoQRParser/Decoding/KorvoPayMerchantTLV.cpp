@@ -44,7 +44,7 @@ void KorvoPayMerchantTLV::store(Value KorvoPayMerchantTLV::*field, const Counted
     if (field == nullptr) {
         return;
     }
-    this->*field = value;
+    (this->*field).emplace(value);
     if (field == &KorvoPayMerchantTLV::tipAndFeeIndicator) {
         isTipAvailable = TipAndFeeIndicator::isKnown(value.text());
     }

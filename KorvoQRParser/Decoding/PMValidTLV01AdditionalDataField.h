@@ -63,14 +63,18 @@ constexpr std::string_view rawValue(PMValidTLV01AdditionalDataField subTag) noex
     return tagRow(subTag).rawValue;
 }
 
-/// The enumerator of a sub-tag as written in a payload; absent unless it is one of "01" to "22".
-constexpr std::optional<PMValidTLV01AdditionalDataField> pmValidTLV01AdditionalDataField(
-    std::string_view rawValue) noexcept {
-    const int number = twoDigitNumber(rawValue);
+/// The enumerator of a sub-tag's number; absent unless it is one of 1 to 22.
+constexpr std::optional<PMValidTLV01AdditionalDataField> tlv01SubTag(int number) noexcept {
     if (number < 1 || number > static_cast<int>(tlv01SubTagRows.size())) {
         return std::nullopt;
     }
     return static_cast<PMValidTLV01AdditionalDataField>(number - 1);
+}
+
+/// The enumerator of a sub-tag as written in a payload; absent unless it is one of "01" to "22".
+constexpr std::optional<PMValidTLV01AdditionalDataField> pmValidTLV01AdditionalDataField(
+    std::string_view rawValue) noexcept {
+    return tlv01SubTag(twoDigitNumber(rawValue));
 }
 
 }  // namespace korvo

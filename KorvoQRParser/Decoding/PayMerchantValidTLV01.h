@@ -110,13 +110,17 @@ constexpr std::string_view rawValue(PayMerchantValidTLV01 tag) noexcept {
     return tagRow(tag).rawValue;
 }
 
-/// The enumerator of a tag as written in a payload; absent unless it is one of "00" to "63".
-constexpr std::optional<PayMerchantValidTLV01> payMerchantValidTLV01(std::string_view rawValue) noexcept {
-    const int number = twoDigitNumber(rawValue);
+/// The enumerator of a tag's number; absent unless it is one of 0 to 63.
+constexpr std::optional<PayMerchantValidTLV01> tlv01Tag(int number) noexcept {
     if (number < 0 || number >= static_cast<int>(tlv01TagRows.size())) {
         return std::nullopt;
     }
     return static_cast<PayMerchantValidTLV01>(number);
+}
+
+/// The enumerator of a tag as written in a payload; absent unless it is one of "00" to "63".
+constexpr std::optional<PayMerchantValidTLV01> payMerchantValidTLV01(std::string_view rawValue) noexcept {
+    return tlv01Tag(twoDigitNumber(rawValue));
 }
 
 }  // namespace korvo

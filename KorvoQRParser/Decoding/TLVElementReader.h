@@ -7,9 +7,11 @@
 #include <KorvoQRParser/Decoding/Text/CountedText.h>
 #include <KorvoQRParser/Decoding/Text/TextHelpers.h>
 
+#include <bit>
 #include <bitset>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <string_view>
 
@@ -27,6 +29,28 @@ inline int seenTagBit(std::string_view tag) {
         return static_cast<unsigned char>(asciiLowerCase(tag[0]));
     }
     return twoDigitNumber(tag);
+}
+
+struct TwoNumbers {
+    std::size_t first;
+    std::size_t second;
+};
+
+// The numbers that four ASCII digits write, two digits each. Both are 0 if one of the bytes is no digit. All
+// four bytes are worked on at once.
+inline TwoNumbers twoNumbers(const char* bytes) noexcept {
+    std::uint32_t digits = 0;
+    std::memcpy(&digits, bytes, sizeof digits);
+    if constexpr (std::endian::native == std::endian::big) {
+        digits = __builtin_bswap32(digits);  // the first byte is the lowest
+    }
+    digits ^= 0x30303030U;
+    // A byte above 9 gets its high bit from the sum, or has it already.
+    if (((digits | (digits + 0x76767676U)) & 0x80808080U) != 0) {
+        return {0, 0};
+    }
+    const std::uint32_t pairs = 10 * digits + (digits >> 8U);  // no byte exceeds 99
+    return {pairs & 0xFFU, pairs >> 16U & 0xFFU};
 }
 
 }  // namespace detail
@@ -83,6 +107,11 @@ class TLVElementReader {
     /// The unread text. After a fault it begins after the parts of the element that were read.
     std::string_view rest() const noexcept { return characters_.rest(); }
 
+    /// Takes the next element if it is in the two-digit format, has only plain characters and nothing wrong,
+    /// as nearly all have, and returns the number of its tag. Otherwise takes nothing and returns a negative
+    /// number; then `next` takes it or tells the fault. Only for the two-digit format.
+    [[nodiscard]] int takePlain(TLVElement& element) noexcept;
+
     /// Reads the next element into `element`. Returns the fault, InvalidTagLength or RepeatedTag; absent on
     /// success. After a fault, `element` holds the parts that were read, its other parts are empty, and the
     /// reader must not be used again.
@@ -124,6 +153,23 @@ class TLVElementReader {
     }
     element.value = {*value, valueLength};
     return std::nullopt;
+}
+
+[[gnu::always_inline]] inline int TLVElementReader::takePlain(TLVElement& element) noexcept {
+    constexpr std::size_t headSize = 4;
+    const std::string_view plain = characters_.plainRest();
+    if (plain.size() < headSize) {
+        return -1;
+    }
+    const auto [tag, length] = detail::twoNumbers(plain.data());
+    if (length == 0 || length > plain.size() - headSize || seenTags_[tag]) {
+        return -1;
+    }
+    seenTags_[tag] = true;
+    const char* const begin = plain.data();
+    element = {{begin, 2}, {begin + 2, 2}, {{begin + headSize, length}, length}};
+    characters_.takePlain(headSize + length);
+    return static_cast<int>(tag);
 }
 
 inline bool TLVElementReader::isRepeated(std::string_view tag) noexcept {

@@ -6,33 +6,37 @@ namespace {
 
 using Fault = std::optional<TLVFault>;
 
-Fault faultIn(const TLVElementReader& elements, TLVDecodingError error, const TLVElement& element,
-              bool isInsideAdditionalData) {
-    return TLVFault{error, elements.format(), isInsideAdditionalData, element, elements.rest()};
+// Takes values, because the loops below are quicker while nothing refers to their variables.
+[[gnu::noinline]] Fault fault(TLVDecodingError error, TLVFormat format, TLVElement element,
+                              std::string_view rest, bool isInsideAdditionalData) {
+    return TLVFault{error, format, isInsideAdditionalData, element, rest};
 }
 
-// The elements of a level on which no tag is opened.
-template <auto findTag>
-Fault walkFlatElements(const CharacterReader& text, const TLVFormat& format, bool isInsideAdditionalData,
-                       TLVVisitor& visitor) {
-    TLVElementReader elements(text, format);
-    TLVElement element;
-    while (!elements.atEnd()) {
-        if (const auto error = elements.next(element)) {
-            return faultIn(elements, *error, element, isInsideAdditionalData);
-        }
-        const auto tag = findTag(element.tag);
-        if (!tag) {
-            return faultIn(elements, TLVDecodingError::InvalidTag, element, isInsideAdditionalData);
-        }
-        visitor.visit(*tag, element);
+// Reads the next element of the two-digit format. Returns the number of its tag; negative if that is no
+// number, or after a fault, which goes to `error`.
+[[gnu::always_inline]] inline int nextTagNumber(TLVElementReader& elements, TLVElement& element,
+                                                TLVDecodingError& error) {
+    const int number = elements.takePlain(element);
+    if (number >= 0) {
+        return number;
     }
-    return std::nullopt;
+    const auto found = elements.next(element);
+    error = found.value_or(TLVDecodingError::InvalidTag);
+    return found ? -1 : twoDigitNumber(element.tag);
 }
 
 Fault walkAdditionalDataField(const CountedText& value, TLVVisitor& visitor) {
-    return walkFlatElements<pmValidTLV01AdditionalDataField>(value.characters(), twoDigitFormat, true,
-                                                             visitor);
+    TLVElementReader elements(value.characters(), twoDigitFormat);
+    TLVElement element;
+    auto error = TLVDecodingError::InvalidTag;
+    while (!elements.atEnd()) {
+        const auto subTag = tlv01SubTag(nextTagNumber(elements, element, error));
+        if (!subTag) {
+            return fault(error, twoDigitFormat, element, elements.rest(), true);
+        }
+        visitor.visit(*subTag, element);
+    }
+    return std::nullopt;
 }
 
 // One function per loop: with both loops in one function, a parse of either format was 5 % slower.
@@ -40,28 +44,38 @@ Fault walkAdditionalDataField(const CountedText& value, TLVVisitor& visitor) {
     TLVElementReader elements(payload, twoDigitFormat);
     TLVElement element;
     std::optional<PayMerchantValidTLV01> tag;
+    auto error = TLVDecodingError::InvalidTag;
     while (!elements.atEnd()) {
-        if (const auto error = elements.next(element)) {
-            return faultIn(elements, *error, element, false);
-        }
-        tag = payMerchantValidTLV01(element.tag);
+        tag = tlv01Tag(nextTagNumber(elements, element, error));
         if (!tag) {
-            return faultIn(elements, TLVDecodingError::InvalidTag, element, false);
+            return fault(error, twoDigitFormat, element, elements.rest(), false);
         }
         visitor.visit(*tag, element);
         if (tag == PayMerchantValidTLV01::AdditionalDataField) {
-            if (const Fault fault = walkAdditionalDataField(element.value, visitor)) {
-                return fault;
+            if (const Fault inside = walkAdditionalDataField(element.value, visitor)) {
+                return inside;
             }
         }
     }
     return tag == PayMerchantValidTLV01::CRC
                ? std::nullopt
-               : faultIn(elements, TLVDecodingError::InvalidTag, element, false);
+               : fault(TLVDecodingError::InvalidTag, twoDigitFormat, element, elements.rest(), false);
 }
 
 [[gnu::noinline]] Fault walkOneCharacter(const CharacterReader& payload, TLVVisitor& visitor) {
-    return walkFlatElements<payMerchantValidTLV00InEitherCase>(payload, oneCharacterFormat, false, visitor);
+    TLVElementReader elements(payload, oneCharacterFormat);
+    TLVElement element;
+    while (!elements.atEnd()) {
+        if (const auto error = elements.next(element)) {
+            return fault(*error, oneCharacterFormat, element, elements.rest(), false);
+        }
+        const auto tag = payMerchantValidTLV00InEitherCase(element.tag);
+        if (!tag) {
+            return fault(TLVDecodingError::InvalidTag, oneCharacterFormat, element, elements.rest(), false);
+        }
+        visitor.visit(*tag, element);
+    }
+    return std::nullopt;
 }
 
 std::optional<bool> isTwoDigit(CharacterReader payload) noexcept {

@@ -1,6 +1,7 @@
 #ifndef KORVOQRPARSER_MODEL_JSONSTRING_H
 #define KORVOQRPARSER_MODEL_JSONSTRING_H
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -10,6 +11,15 @@ namespace korvo {
 /// backslashes and control characters below U+0020 are escaped. The text must be valid UTF-8; this is not
 /// checked.
 void appendJSONString(std::string& json, std::string_view text);
+
+/// The most bytes that a text of a size takes as a JSON string.
+constexpr std::size_t jsonStringBound(std::size_t size) noexcept {
+    constexpr std::size_t longestEscape = 6;
+    return longestEscape * size + 2;
+}
+
+/// The same, written to a place with `jsonStringBound` bytes. Returns the place after it.
+char* writeJSONString(char* place, std::string_view text) noexcept;
 
 }  // namespace korvo
 

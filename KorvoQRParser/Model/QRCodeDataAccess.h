@@ -56,14 +56,8 @@ class QRCodeDataAccess {
         }
     }
 
-    /// A property as both renderings print it: "nil" for an absent text, "true" or "false" for a flag.
-    static std::string_view rendered(const QRCodeData& data, const QRCodeDataPropertyRow& row) noexcept {
-        if (row.isFlag) {
-            return flag(data, row.index) ? "true" : "false";
-        }
-        const std::optional<std::string>& value = text(data, row.index);
-        return value ? std::string_view(*value) : "nil";
-    }
+    /// All texts, in the order of their indices.
+    static const auto& texts(const QRCodeData& data) noexcept { return data.texts_; }
 
   private:
     static constexpr std::size_t slot(QRCodeDataProperty property) noexcept {

@@ -1,6 +1,5 @@
-#include <KorvoQRParser/Model/QRCodeData.h>
-#include <KorvoQRParser/Model/QRCodeDataAccess.h>
-#include <KorvoQRParser/Model/QRCodeDataProperties.h>
+#include <KorvoQRParser/Model/PropertyFragments.h>
+#include <KorvoQRParser/Model/QRCodeDataRendering.h>
 
 #include <algorithm>
 #include <array>
@@ -97,19 +96,40 @@ constexpr bool hasItsLines(const QRCodeDataPropertyRow& row) {
 static_assert(std::all_of(qrCodeDataProperties.begin(), qrCodeDataProperties.end(), hasItsLines),
               "every property needs its place among the lines");
 
-}  // namespace
+// clang-format off
+#define KORVO_TEXT_LINE(name, Name) PropertyFragment{#name ": ", #name ": nil\n"},
+#define KORVO_FLAG_LINE(name, Name) PropertyFragment{#name ": ", #name ": false\n"},
+constexpr PropertyFragments fragments{{KORVO_QRCODEDATA_PROPERTIES(KORVO_TEXT_LINE, KORVO_FLAG_LINE)}};
+#undef KORVO_FLAG_LINE
+#undef KORVO_TEXT_LINE
+// clang-format on
 
-std::string QRCodeData::description() const {
-    constexpr std::size_t usualSize = 2048;
-    std::string text;
-    text.reserve(usualSize);
-    for (const Property property : lines) {
-        const QRCodeDataPropertyRow& row = propertyRow(property);
-        text += row.name;
-        text += ": ";
-        text += QRCodeDataAccess::rendered(*this, row);
+struct LineValue {
+    static constexpr std::size_t bound(std::size_t size) noexcept { return size + 1; }
+    static char* write(char* place, std::string_view value) noexcept {
+        place = std::copy(value.begin(), value.end(), place);
+        *place++ = '\n';
+        return place;
+    }
+    static void append(std::string& text, std::string_view value) {
+        text += value;
         text += '\n';
     }
+};
+
+}  // namespace
+
+void appendDescription(std::string& text, const QRCodeData& data) {
+    PropertyWriter<LineValue> writer(text, fragments);
+    for (const Property property : lines) {
+        writer.append(data, propertyRow(property), "true\n");
+    }
+    writer.finish();
+}
+
+std::string QRCodeData::description() const {
+    std::string text;
+    appendDescription(text, *this);
     return text;
 }
 

@@ -1,9 +1,7 @@
 #include <KorvoQRParser/Decoding/Text/UTF8.h>
 #include <KorvoQRParser/Model/JSONString.h>
-#include <KorvoQRParser/Model/JSONWriter.h>
-#include <KorvoQRParser/Model/QRCodeData.h>
-#include <KorvoQRParser/Model/QRCodeDataAccess.h>
-#include <KorvoQRParser/Model/QRCodeDataProperties.h>
+#include <KorvoQRParser/Model/PropertyFragments.h>
+#include <KorvoQRParser/Model/QRCodeDataRendering.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -13,6 +11,38 @@
 namespace korvo {
 
 namespace {
+
+// clang-format off
+#define KORVO_TEXT_MEMBER(name, Name) PropertyFragment{",\n  \"" #name "\": ", ",\n  \"" #name "\": \"nil\""},
+#define KORVO_FLAG_MEMBER(name, Name) PropertyFragment{",\n  \"" #name "\": ", ",\n  \"" #name "\": \"false\""},
+constexpr PropertyFragments indentedFragments{{KORVO_QRCODEDATA_PROPERTIES(KORVO_TEXT_MEMBER, KORVO_FLAG_MEMBER)}};
+#undef KORVO_FLAG_MEMBER
+#undef KORVO_TEXT_MEMBER
+
+#define KORVO_TEXT_MEMBER(name, Name) PropertyFragment{",\"" #name "\":", ",\"" #name "\":null"},
+#define KORVO_FLAG_MEMBER(name, Name) PropertyFragment{",\"" #name "\":", ",\"" #name "\":false"},
+constexpr PropertyFragments oneLineFragments{{KORVO_QRCODEDATA_PROPERTIES(KORVO_TEXT_MEMBER, KORVO_FLAG_MEMBER)}};
+#undef KORVO_FLAG_MEMBER
+#undef KORVO_TEXT_MEMBER
+// clang-format on
+
+struct JSONValue {
+    static constexpr std::size_t bound(std::size_t size) noexcept { return jsonStringBound(size); }
+    static char* write(char* place, std::string_view value) noexcept { return writeJSONString(place, value); }
+    static void append(std::string& json, std::string_view value) { appendJSONString(json, value); }
+};
+
+// Appends the object without its end.
+void appendMembers(std::string& json, const QRCodeData& data, const PropertyFragments& fragments,
+                   std::string_view trueFlag) {
+    const std::size_t begin = json.size();
+    PropertyWriter<JSONValue> writer(json, fragments);
+    for (const QRCodeDataPropertyRow& row : qrCodeDataProperties) {
+        writer.append(data, row, trueFlag);
+    }
+    writer.finish();
+    json[begin] = '{';  // in place of the first comma
+}
 
 bool isASCII(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
@@ -38,39 +68,26 @@ bool reportUnlessUTF8(const Texts& texts) {
 }  // namespace
 
 std::string QRCodeData::jsonOutput() const {
-    constexpr std::size_t usualSize = 2560;
     if (!allTexts(texts_, isASCII)) {
         reportUnlessUTF8(texts_);
         return {};
     }
-    std::string json = "{";
-    json.reserve(usualSize);
-    for (const QRCodeDataPropertyRow& row : qrCodeDataProperties) {
-        json += json.size() > 1 ? ",\n  \"" : "\n  \"";
-        json += row.name;  // no name needs an escape
-        json += "\": ";
-        appendJSONString(json, QRCodeDataAccess::rendered(*this, row));
-    }
+    std::string json;
+    appendMembers(json, *this, indentedFragments, "\"true\"");
     return json += "\n}";
 }
 
 std::string QRCodeData::utf8JSON() const {
-    if (!reportUnlessUTF8(texts_)) {
-        return {};
+    std::string json;
+    appendUTF8JSON(json, *this);
+    return json;
+}
+
+void appendUTF8JSON(std::string& text, const QRCodeData& data) {
+    if (reportUnlessUTF8(QRCodeDataAccess::texts(data))) {
+        appendMembers(text, data, oneLineFragments, "true");
+        text += '}';
     }
-    JSONWriter json(JSONWriter::Layout::oneLine);
-    json.beginObject();
-    for (const QRCodeDataPropertyRow& row : qrCodeDataProperties) {
-        json.name(row.name);
-        if (row.isFlag) {
-            json.boolean(QRCodeDataAccess::flag(*this, row.index));
-        } else if (const auto& value = QRCodeDataAccess::text(*this, row.index)) {
-            json.validString(*value);
-        } else {
-            json.null();
-        }
-    }
-    return json.endObject().takeText();
 }
 
 }  // namespace korvo

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstdint>
+#include <cstring>
 
 namespace korvo {
 
@@ -20,30 +21,42 @@ bool isPlain(char byte) noexcept {
     return static_cast<unsigned char>(byte) < 0x80 && byte != '\r';
 }
 
-// The number of plain bytes among the next eight, up to the first that is not plain.
-std::size_t plainAmongEight(const char* bytes) noexcept {
+// The high bit of each of the next eight bytes that may not be plain, the first byte lowest. Bytes after the
+// first such byte may be marked without reason.
+std::uint64_t notPlainAmongEight(const char* bytes) noexcept {
     constexpr std::uint64_t ones = 0x0101010101010101U;
     constexpr std::uint64_t highBits = ones << 7U;
-    std::uint64_t word = 0;  // the first byte is the lowest, on every machine
-    for (unsigned i = 0; i < 8; ++i) {
-        word |= std::uint64_t{static_cast<unsigned char>(bytes[i])} << 8 * i;
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes, sizeof word);
+    if constexpr (std::endian::native == std::endian::big) {
+        word = __builtin_bswap64(word);
     }
     const std::uint64_t zeroWhereCR = word ^ (ones * '\r');
     const std::uint64_t highWhereZero = (zeroWhereCR - ones) & ~zeroWhereCR;
-    return static_cast<std::size_t>(std::countr_zero((word | highWhereZero) & highBits)) / 8;
+    return (word | highWhereZero) & highBits;
 }
 
 // The end of the run of one-byte characters that begins at `from`, as far as one scan goes.
 std::size_t endOfPlainRun(std::string_view text, std::size_t from) noexcept {
+    constexpr std::size_t step = 8;
     const std::size_t limit = from + std::min(text.size() - from, plainWindow);
     std::size_t end = from;
-    std::size_t plain = 8;
-    while (plain == 8 && limit - end >= 8) {
-        plain = plainAmongEight(text.data() + end);
-        end += plain;
-    }
-    while (plain == 8 && end < limit && isPlain(text[end])) {
-        ++end;
+    if (limit - from < step) {
+        while (end < limit && isPlain(text[end])) {
+            ++end;
+        }
+    } else {
+        // The last eight bytes overlap those before them, which are plain then.
+        const std::size_t lastStep = limit - step;
+        std::uint64_t notPlain = 0;
+        while (end < lastStep && (notPlain = notPlainAmongEight(text.data() + end)) == 0) {
+            end += step;
+        }
+        if (notPlain == 0) {
+            end = lastStep;
+            notPlain = notPlainAmongEight(text.data() + end);
+        }
+        end += static_cast<std::size_t>(std::countr_zero(notPlain)) / step;  // bits to bytes
     }
     // A mark that follows the run would join its last byte.
     const bool isMarked = end > from && end < text.size() && static_cast<unsigned char>(text[end]) >= 0x80;

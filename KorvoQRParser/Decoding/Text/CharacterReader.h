@@ -34,6 +34,12 @@ class CharacterReader {
     /// The text that has not been taken.
     std::string_view rest() const noexcept { return text_.substr(offset_); }
 
+    /// The text that has not been taken, as far as every byte of it is known to be one character.
+    std::string_view plainRest() const noexcept { return {text_.data() + offset_, plainEnd_ - offset_}; }
+
+    /// Takes the next `count` characters of `plainRest`, which must have so many; this is not checked.
+    void takePlain(std::size_t count) noexcept { offset_ += count; }
+
     /// Takes the next `count` characters. Absent, with nothing taken, when fewer remain or when bytes before
     /// their end, or right after it, are not valid UTF-8.
     [[nodiscard]] std::optional<std::string_view> take(std::size_t count) noexcept {

@@ -19,6 +19,16 @@ constexpr std::uint32_t letters = bitOf(Group::letter);
 constexpr std::uint32_t alphanumerics =
     letters | bitOf(Group::mark) | bitOf(Group::decimalDigit) | bitOf(Group::otherNumber);
 
+// Apart from the loop over ASCII, which is quicker without it.
+[[gnu::noinline]] bool consistsOfCodePointsOf(std::string_view text, const CharacterSet& set) {
+    for (std::size_t offset = 0; offset < text.size();) {
+        if (!set.contains(nextCodePoint(text, offset))) {
+            return false;
+        }
+    }
+    return true;
+}
+
 }  // namespace
 
 CharacterSet::CharacterSet(std::uint32_t groups) : groups_(groups) {
@@ -96,8 +106,12 @@ bool containsCharacterOf(std::string_view text, const CharacterSet& set) {
 }
 
 bool consistsOfCharactersOf(std::string_view text, const CharacterSet& set) {
-    for (std::size_t offset = 0; offset < text.size();) {
-        if (!set.contains(nextCodePoint(text, offset))) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        if (byte >= 0x80) {
+            return consistsOfCodePointsOf(text.substr(i), set);
+        }
+        if (!set.contains(byte)) {
             return false;
         }
     }
