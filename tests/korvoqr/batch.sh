@@ -25,7 +25,8 @@ done
 mkfifo input
 for summary in --summary --summary=json; do
     { head -50 batch; sleep 5; } > input &
-    korvoqr parse --format jsonl $summary -i input > answered 2> errors & pid=$!
+    # The shell has its commands in the background ignore Ctrl-C.
+    perl -e '$SIG{INT} = "DEFAULT"; exec @ARGV' korvoqr parse --format jsonl $summary -i input > answered 2> errors & pid=$!
     until (($(wc -l < answered) == 50)); do sleep 0.05; done
     kill -INT $pid
     wait $pid && exit 1 || (($? == 130))

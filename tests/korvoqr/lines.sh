@@ -16,6 +16,9 @@ gzip -k plain
 qrencode -s 8 -o code.png "$accepted"
 printf '\xEF\xBB\xBFname,"the ""payload"""\r\n"Caf\xC3\xA9, 1st\nfloor",%s\r\nPier 5" pipe,"%s"\r\nx\r\nlast,"%s' \
     "$small" "$small " "$small" > floors.csv
+printf 'id\tpayload\r\n7\t%s\r\n' "$small" > windows.tsv
+printf ',id,"two\nlines",payload,,\n0,A1,x,%s,,\n' "$small" > pandas.csv
+{ echo "1,$small"; echo '2,"open'; seq -f 2,more%.0f 200000; } > open.csv
 { echo "$small"; head -c 2000000 /dev/zero | tr '\0' x; echo; echo "$small"; } > long
 replay lines
 

@@ -57,8 +57,9 @@ std::size_t distance(std::string_view from, std::string_view to) {
 
 }  // namespace
 
-bool looksLikePayload(std::string_view text) {
-    return text.substr(0, 4) == "0002" || isSplittable(text);
+bool looksLikePayload(const std::vector<std::string>& arguments) {
+    return arguments.front().substr(0, 4) == "0002" || isSplittable(arguments.front()) ||
+           isSplittable(joined(arguments));
 }
 
 std::string argumentHint(const std::vector<std::string>& payloads) {
@@ -78,7 +79,7 @@ std::string argumentHint(const std::vector<std::string>& payloads) {
     if (kind == nullptr) {
         return name + " is a file; type --input " + name + " for the payloads in it";
     }
-    return name + " is " + std::string(kind->name) + "; try " + std::string(kind->remedy) +
+    return name + ' ' + std::string(kind->name) + "; try " + std::string(kind->remedy) +
            (kind->remedy == "--image" ? ' ' + name : "");
 }
 

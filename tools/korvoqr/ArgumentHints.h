@@ -7,8 +7,9 @@
 
 namespace korvoqr {
 
-/// Whether a text is a payload, or the beginning of one.
-bool looksLikePayload(std::string_view text);
+/// Whether arguments are a payload, or the beginning of one, perhaps without quotes around it. There must be
+/// at least one.
+bool looksLikePayload(const std::vector<std::string>& arguments);
 
 /// For arguments that were refused as payloads, what their writer may have meant: one payload without quotes
 /// around it, or the name of a file. Without a full stop; empty if nothing is known.

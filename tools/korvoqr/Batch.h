@@ -38,20 +38,22 @@ class Batch {
     Batch& operator=(const Batch&) = delete;
     ~Batch() { stop(); }
 
-    /// Takes a block; waits while too many are in progress.
-    void add(Block block) {
+    /// Takes a block; waits while too many are in progress. False if a thread has failed, which `finish`
+    /// reports: then no more blocks are needed.
+    bool add(Block block) {
         if (workers_.empty()) {
             answer_(block, own_);
             deliver_(own_);
-            return;
+            return true;
         }
         std::unique_lock lock(mutex_);
         changed_.wait(lock, [this] { return tasks_.size() < most_ || failure_; });
         if (failure_) {
-            return;  // finish() reports it
+            return false;
         }
         tasks_.push_back({std::move(block), {}, false});
         changed_.notify_all();
+        return true;
     }
 
     /// Waits until every answer has been delivered. Rethrows an exception of a thread.

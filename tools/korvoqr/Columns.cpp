@@ -2,27 +2,39 @@
 
 #include <algorithm>
 #include <charconv>
-#include <stdexcept>
 #include <system_error>
 
 namespace korvoqr {
 
 namespace {
 
+// The names for a message, as far as they fit into a line.
+std::string listOf(const std::vector<std::string>& names) {
+    constexpr std::size_t longest = 200;
+    std::string list;
+    for (const std::string& name : names) {
+        if (list.size() + name.size() > longest) {
+            return list + (list.empty() ? "..." : ", ...");
+        }
+        list += (list.empty() ? "" : ", ") + visible(name);
+    }
+    return list;
+}
+
 std::size_t numberOf(const std::string& option, const std::vector<std::string>& header) {
+    if (option.empty()) {
+        return 0;
+    }
     const auto found = std::find(header.begin(), header.end(), option);
     if (found == header.end()) {
-        if (option.empty() || columnNumber(option) > 0) {
+        if (columnNumber(option) > 0) {
             return columnNumber(option);
         }
-        std::string names;
-        for (const std::string& name : header) {
-            names += (names.empty() ? "" : ", ") + visible(name);
-        }
-        throw std::runtime_error("the header has no column " + visible(option) + "; it has " + names);
+        throw InputError("the header has no column " + visible(option) +
+                         "; type one of its names: " + listOf(header));
     }
     if (std::find(found + 1, header.end(), option) != header.end()) {
-        throw std::runtime_error("the header has two columns " + visible(option));
+        throw InputError("the header has two columns " + visible(option) + "; type the number of one");
     }
     return static_cast<std::size_t>(found - header.begin()) + 1;
 }

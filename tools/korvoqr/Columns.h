@@ -4,10 +4,17 @@
 #include "Commands.h"
 
 #include <cstddef>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 namespace korvoqr {
+
+/// A problem with an input, for a person: the reason, and after a semicolon what to type.
+class InputError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
 
 /// The columns of an input that a run reads, as numbers from 1; 0 for none.
 struct Columns {
@@ -21,7 +28,7 @@ struct Columns {
 std::size_t columnNumber(const std::string& option) noexcept;
 
 /// The columns that the options choose. `header` has the names; it is empty if the input has no header.
-/// Throws std::runtime_error with a message for a person if a name is not in the header, or is in it twice.
+/// Throws InputError if a name is not in the header, or is in it twice.
 Columns columnsOf(const InputOptions& options, const std::vector<std::string>& header);
 
 }  // namespace korvoqr

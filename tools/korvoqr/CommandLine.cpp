@@ -69,7 +69,7 @@ class HelpPage : public CLI::Formatter {
 };
 
 void addFlag(CLI::App* command, const std::string& name, bool& flag, const std::string& description) {
-    command->add_flag(name, flag, description)->disable_flag_override();
+    command->add_flag(name, flag, description);
 }
 
 using Reader = std::function<std::string(const std::string&)>;
@@ -99,7 +99,7 @@ std::string readWord(const std::string& text, const Words<Value>& words, Value& 
         wanted += i == 0 ? "" : i + 1 < words.size() ? ", " : " or ";
         wanted += words[i].first;
     }
-    return "must be " + wanted + ", not " + visible(text);
+    return "must be " + wanted + ", not " + text;
 }
 
 template <class Value>
@@ -127,6 +127,10 @@ std::string refuseEmptyName(const std::string& name) {
     return name.empty() ? "the name of the file is empty" : "";
 }
 
+std::string refuseEmptyColumn(const std::string& column) {
+    return column.empty() ? "the name of the column is empty" : "";
+}
+
 void addInput(CLI::App* command, InputOptions& input) {
     command->add_option("PAYLOAD", input.payloads)->option_text("...");
     command->add_option("-i,--input", input.files, "Read a file of payloads, a line each; repeatable")
@@ -145,9 +149,11 @@ void addInput(CLI::App* command, InputOptions& input) {
     command
         ->add_option("--payload-column", input.payloadColumn,
                      "The payload is one column: a number, or a name")
-        ->option_text("COLUMN");
+        ->option_text("COLUMN")
+        ->check(refuseEmptyColumn);
     command->add_option("--key", input.keyColumn, "The column to repeat beside each answer")
-        ->option_text("COLUMN");
+        ->option_text("COLUMN")
+        ->check(refuseEmptyColumn);
     addRead(
         command, "--delimiter", "CHARACTER",
         [&input](const std::string& text) { return readDelimiter(text, input.delimiter); },
@@ -264,7 +270,8 @@ std::string adviceFor(const CLI::App* command, const std::string& meant) {
 }
 
 // The first argument is neither a command nor an option.
-std::string problemOfCommand(const Grammar& grammar, const std::string& argument) {
+std::string problemOfCommand(const Grammar& grammar, const std::vector<std::string>& arguments) {
+    const std::string argument = arguments.empty() ? "" : arguments.front();
     if (argument.empty() || argument == "--") {
         return "the command is missing; " + adviceFor(nullptr, "");
     }
@@ -273,7 +280,7 @@ std::string problemOfCommand(const Grammar& grammar, const std::string& argument
         return "there is no option " + shown + "; " +
                adviceFor(nullptr, closestWord(argument, longNamesOf(grammar.app)));
     }
-    if (looksLikePayload(argument)) {
+    if (looksLikePayload(arguments)) {
         return "the command before the payload is missing; type korvoqr explain 'PAYLOAD'";
     }
     const FileKind* const kind = fileKindOfFile(argument);
@@ -286,6 +293,10 @@ std::string problemOfCommand(const Grammar& grammar, const std::string& argument
 
 // An argument that no option takes.
 std::string problemOfExtra(const Grammar& grammar, const CLI::App& command) {
+    const std::vector<std::string> before = grammar.app.remaining();
+    if (!before.empty()) {
+        return visible(before.front()) + " is before the command; type it after " + command.get_name();
+    }
     const std::vector<std::string> extras = command.remaining();
     const std::string extra = unshielded(extras.empty() ? "" : extras.front());
     const std::string meant = closestWord(extra.substr(0, extra.find('=')), longNamesOf(command));
@@ -296,10 +307,11 @@ std::string problemOfExtra(const Grammar& grammar, const CLI::App& command) {
     return problem;
 }
 
-std::string problemOf(const Grammar& grammar, const CLI::Error& error, const std::string& firstArgument) {
+std::string problemOf(const Grammar& grammar, const CLI::Error& error,
+                      const std::vector<std::string>& arguments) {
     const CLI::App* const command = grammar.chosen();
     if (command == nullptr) {
-        return problemOfCommand(grammar, firstArgument);
+        return problemOfCommand(grammar, arguments);
     }
     if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
         return problemOfExtra(grammar, *command);
@@ -329,7 +341,7 @@ RunOptions checked(RunOptions& options, const CLI::App* command) {
 }  // namespace
 
 Command commandFrom(std::vector<std::string> arguments) {
-    const std::string first = arguments.empty() ? "" : arguments.front();
+    const std::vector<std::string> typed = arguments;
     Grammar grammar;
     // CLI11 takes the arguments in reverse order.
     std::transform(arguments.begin(), arguments.end(), arguments.begin(), shielded);
@@ -341,11 +353,11 @@ Command commandFrom(std::vector<std::string> arguments) {
     } catch (const CLI::CallForHelp&) {
         return Help{grammar.app.help()};
     } catch (const CLI::Error& error) {
-        throw UsageError(problemOf(grammar, error, first));
+        throw UsageError(problemOf(grammar, error, typed));
     }
     const CLI::App* const command = grammar.chosen();
     if (command == nullptr) {
-        throw UsageError(problemOfCommand(grammar, first));
+        throw UsageError(problemOfCommand(grammar, typed));
     }
     if (command == grammar.codes) {
         unshield(grammar.codesOptions.codes);

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,11 +31,14 @@ struct InputOptions {
     std::vector<std::string> files;     ///< read if there are neither; none means standard input
     bool nullDelimited = false;         ///< payloads in a file end with NUL instead of a line feed
     std::uint64_t lineLimit = usualLineLimit;
-    std::string payloadColumn;  ///< a number from 1, or a name; empty if the whole line is the payload
-    std::string keyColumn;      ///< the column that the answers repeat; empty for none
-    char delimiter = '\t';      ///< between columns
-    bool header = false;        ///< the first line has the names of the columns
-    bool trim = false;          ///< try refused payloads again without white space and quotes around them
+    std::string payloadColumn;      ///< a number from 1, or a name; empty if the whole line is the payload
+    std::string keyColumn;          ///< the column that the answers repeat; empty for none
+    std::optional<char> delimiter;  ///< between columns; a tab if absent
+    bool header = false;            ///< the first line has the names of the columns
+    bool trim = false;              ///< try refused payloads again without white space and quotes around them
+
+    /// Whether the payload is standard input, by the argument "-".
+    bool isDash() const { return payloads.size() == 1 && payloads.front() == "-"; }
 
     bool hasColumns() const noexcept { return !payloadColumn.empty() || !keyColumn.empty(); }
 };

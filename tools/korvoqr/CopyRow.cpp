@@ -66,9 +66,11 @@ void appendOriginFields(std::string& row, const Request& request, const RunOptio
 
 void appendCopyRow(std::string& text, const ParsedPayload& parsed, const RunOptions& options) {
     appendOriginFields(text, parsed.request, options);
-    if (const auto& data = parsed.response.qrCodeData()) {
+    if (parsed.response.qrCodeData() != nullptr) {
         text += "t\t{}\t";
-        appendField(text, recordJSON(*data, options.compact, true));
+        std::string json;
+        appendDatabaseJSON(json, parsed, options.compact);
+        appendField(text, json);
         text.pop_back();
         return;
     }

@@ -250,7 +250,7 @@ std::string explanationJSON(const QRCodeExplanation& explanation, const Request&
     const std::string json = explanation.utf8JSON() + '\n';
     korvo::JSONWriter head(korvo::JSONWriter::Layout::oneLine);
     head.beginObject();
-    appendHead(head, request, options);
+    appendHead(head, request, HeadParts::of(options));
     const bool isEmpty = head.text().size() == 1;
     return isEmpty ? json : head.text() + ',' + json.substr(1);
 }
@@ -262,11 +262,17 @@ std::string textForTooLong(const Request& request, const RunOptions& options, co
 }
 
 std::string jsonForTooLong(const Request& request, const RunOptions& options) {
+    const std::string reason = reasonForLength(options);
     korvo::JSONWriter json(korvo::JSONWriter::Layout::oneLine);
-    appendHead(json.beginObject(), request, options);
-    json.name("accepted").boolean(false);
+    appendHead(json.beginObject(), request, HeadParts::of(options));
+    json.name("payload").null().name("format").null().name("accepted").boolean(false);
     json.name("errorCodes").beginArray().string(korvo::KorvoErrorConstants::malformedTags).endArray();
-    json.name("fault").beginObject().name("reason").string(reasonForLength(options)).endObject();
+    json.name("elements").beginArray().endArray().name("absent").beginArray().endArray();
+    json.name("fault").beginObject().name("error").null().name("kind").string("the line is too long");
+    json.name("offset").number(0).name("tag").string("").name("reason").string(reason);
+    json.name("before").string("").name("after").string("").endObject();
+    json.name("causes").beginArray().string("The line is " + reason + '.').endArray();
+    json.name("repairs").beginArray().endArray().name("unverified").beginArray().endArray();
     return json.endObject().takeText() + '\n';
 }
 

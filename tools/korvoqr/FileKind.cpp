@@ -22,19 +22,25 @@ struct Signature {
 };
 
 constexpr std::string_view image = "--image";
-constexpr std::string_view gunzip = "gzip -dc FILE | korvoqr parse";
+constexpr std::string_view gunzip = "gzip -dc FILE | korvoqr";
+constexpr std::string_view iconv = "iconv -f UTF-16 -t UTF-8 FILE | korvoqr";
+constexpr std::string_view iconvBigEndian = "iconv -f UTF-16BE -t UTF-8 FILE | korvoqr";
+constexpr FileKind utf16{"looks like UTF-16", iconv};
+constexpr FileKind utf16BigEndian{"looks like UTF-16", iconvBigEndian};
 constexpr std::string_view saveAsCSV = "saving the sheet as CSV, and --payload-column";
 
 constexpr std::array signatures{
-    Signature{0, "\x89PNG\r\n"sv, {"a PNG", image}},
-    Signature{0, "\xFF\xD8\xFF"sv, {"a JPEG", image}},
-    Signature{0, "GIF8"sv, {"a GIF", image}},
-    Signature{8, "WEBPVP8"sv, {"a WebP picture", image}},
-    Signature{4, "ftyphei"sv, {"a HEIC picture", image}},
-    Signature{4, "ftypmif1"sv, {"a HEIC picture", image}},
-    Signature{0, "%PDF-"sv, {"a PDF", "pdftoppm -png FILE page, and --image"}},
-    Signature{0, "\x1F\x8B"sv, {"a gzip file", gunzip}},
-    Signature{0, "PK\x03\x04"sv, {"a zip file or a spreadsheet", saveAsCSV}},
+    Signature{0, "\x89PNG\r\n"sv, {"is a PNG", image}},
+    Signature{0, "\xFF\xD8\xFF"sv, {"is a JPEG", image}},
+    Signature{0, "GIF8"sv, {"is a GIF", image}},
+    Signature{8, "WEBPVP8"sv, {"is a WebP picture", image}},
+    Signature{4, "ftyphei"sv, {"is a HEIC picture", image}},
+    Signature{4, "ftypmif1"sv, {"is a HEIC picture", image}},
+    Signature{0, "%PDF-"sv, {"is a PDF", "pdftoppm -png FILE page, and --image"}},
+    Signature{0, "\x1F\x8B"sv, {"is a gzip file", gunzip}},
+    Signature{0, "\xFF\xFE"sv, utf16},
+    Signature{0, "\xFE\xFF"sv, utf16},
+    Signature{0, "PK\x03\x04"sv, {"is a zip file or a spreadsheet", saveAsCSV}},
 };
 
 }  // namespace
@@ -45,7 +51,15 @@ const FileKind* fileKindOf(std::string_view bytes) noexcept {
             return bytes.size() > signature.offset &&
                    bytes.compare(signature.offset, signature.bytes.size(), signature.bytes) == 0;
         });
-    return found == signatures.end() ? nullptr : &found->kind;
+    if (found != signatures.end()) {
+        return &found->kind;
+    }
+    // UTF-16 has a zero byte in each ASCII character.
+    const auto hasZeros = [bytes](std::size_t first) {
+        return bytes.size() >= 4 && bytes[first] == '\0' && bytes[first + 2] == '\0' &&
+               bytes[1 - first] != '\0';
+    };
+    return hasZeros(1) ? &utf16 : hasZeros(0) ? &utf16BigEndian : nullptr;
 }
 
 const FileKind* fileKindOfFile(const std::string& name) {

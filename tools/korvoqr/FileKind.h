@@ -8,7 +8,7 @@ namespace korvoqr {
 
 /// A kind of file that holds no payloads as lines.
 struct FileKind {
-    std::string_view name;    ///< "a PNG", to follow "this is"
+    std::string_view name;    ///< "is a PNG", to follow "this"
     std::string_view remedy;  ///< the command to try
 };
 

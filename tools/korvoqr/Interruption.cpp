@@ -32,8 +32,20 @@ void Interruption::expect() {
         ends = {-1, -1};
         return;
     }
+    // If standard input or output is closed, the pipe must not take its place.
+    for (int& end : ends) {
+        const int first = end;
+        end =
+            ::fcntl(first, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);  // NOLINT(cppcoreguidelines-pro-type-vararg)
+        ::close(first);
+    }
     for (const int signal : {SIGINT, SIGTERM}) {
         struct sigaction action {};
+        ::sigaction(signal, nullptr, &action);
+        if (action.sa_handler == SIG_IGN) {
+            continue;  // as for a command in the background
+        }
+        action = {};
         action.sa_handler = note;
         action.sa_flags = static_cast<int>(SA_RESETHAND);
         ::sigaction(signal, &action, nullptr);

@@ -9,5 +9,6 @@
 #include <KorvoQRParser/Decoding/Text/CharacterReader.h>  // offsets, line breaks, and escapes
 #include <KorvoQRParser/Decoding/Text/UTF8.h>             // code points, and whether bytes are UTF-8
 #include <KorvoQRParser/Model/JSONWriter.h>               // JSON
+#include <KorvoQRParser/Model/QRCodeDataRendering.h>      // a record at the end of a text, without a copy
 
 #endif

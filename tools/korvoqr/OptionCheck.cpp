@@ -13,12 +13,14 @@ std::string conflictOfColumns(const InputOptions& input) {
     const bool areNames = columnNumber(input.payloadColumn) == 0 ||
                           (!input.keyColumn.empty() && columnNumber(input.keyColumn) == 0);
     if (!input.hasColumns()) {
-        return input.header ? "--header needs --payload-column" : "";
+        return input.header      ? "--header needs --payload-column"
+               : input.delimiter ? "--delimiter needs --payload-column"
+                                 : "";
     }
     if (input.payloadColumn.empty()) {
         return "--key needs --payload-column";
     }
-    if (!input.payloads.empty() || !input.images.empty()) {
+    if ((!input.payloads.empty() && !input.isDash()) || !input.images.empty()) {
         return "--payload-column is for lines, from --input or standard input";
     }
     return areNames && !input.header ? "a column is a number from 1, or with --header a name" : "";
@@ -54,7 +56,7 @@ std::string readNumber(const std::string& text, std::uint64_t most, std::uint64_
                : "must be a number from 1 to " + std::to_string(most);
 }
 
-std::string readDelimiter(const std::string& text, char& delimiter) {
+std::string readDelimiter(const std::string& text, std::optional<char>& delimiter) {
     if (text == "tab" || text == "\\t") {
         delimiter = '\t';
         return {};

@@ -3,6 +3,7 @@
 
 #include "Commands.h"
 
+#include <optional>
 #include <string>
 
 namespace korvoqr {
@@ -14,7 +15,7 @@ std::string conflictIn(const RunOptions& options);
 std::string readNumber(const std::string& text, std::uint64_t most, std::uint64_t& number);
 
 /// Reads the character between columns: one byte, or the word tab. Returns what is wrong with the text.
-std::string readDelimiter(const std::string& text, char& delimiter);
+std::string readDelimiter(const std::string& text, std::optional<char>& delimiter);
 
 }  // namespace korvoqr
 

@@ -13,6 +13,7 @@
 #include "RowHead.h"
 #include "Summary.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
@@ -20,7 +21,6 @@
 #include <cstring>
 #include <memory>
 #include <optional>
-#include <stdexcept>
 #include <utility>
 
 #include <sys/stat.h>
@@ -67,7 +67,7 @@ RecordFormat recordFormatOf(const InputOptions& input) {
     RecordFormat format;
     format.end = input.nullDelimited ? '\0' : '\n';
     if (input.hasColumns()) {
-        format.delimiter = input.delimiter;
+        format.delimiter = input.delimiter.value_or('\t');
     }
     return format;
 }
@@ -84,7 +84,7 @@ class PayloadRun {
           format_(recordFormatOf(options.input)),
           files_(options.input.files.empty() ? std::vector<std::string>{"-"} : options.input.files),
           readsLines_(options.input.images.empty() &&
-                      (options.input.payloads.empty() || isStandardInputAlone())),
+                      (options.input.payloads.empty() || options.input.isDash())),
           progress_(options.progress && readsLines_, readsLines_ ? sizeOfFiles(files_) : 0) {
         // When the reader has gone, the write fails instead, so the run ends with its ordinary status.
         std::signal(SIGPIPE, SIG_IGN);
@@ -105,10 +105,6 @@ class PayloadRun {
 
   private:
     bool isGoingOn() const { return !output_.isClosed() && Interruption::signal() == 0; }
-
-    bool isStandardInputAlone() const {
-        return options_.input.payloads.size() == 1 && options_.input.payloads.front() == "-";
-    }
 
     void answerArguments() {
         Origin origin;
@@ -189,6 +185,7 @@ class PayloadRun {
         source->name = files_.size() > 1 ? name : "";
         bool isHeaderDue = options_.input.header;
         bool isFirst = true;
+        bool isWanted = true;
         try {
             source->columns = isHeaderDue ? Columns() : columnsOf(options_.input, {});
             RecordReader reader(format_, options_.input.lineLimit, [&](Records records) {
@@ -196,7 +193,7 @@ class PayloadRun {
                     source->columns = columnsOf(options_.input, takeHeader(records));
                     isHeaderDue = false;
                 }
-                batch.add({std::move(records), source});
+                isWanted = batch.add({std::move(records), source});
             });
             const InputFile input(name);
             const int error =
@@ -207,13 +204,18 @@ class PayloadRun {
                         bytes.remove_prefix(isMarked ? byteOrderMark.size() : 0);
                     }
                     reader.add(bytes);
-                    return isGoingOn();
+                    return isWanted && isGoingOn();
                 });
-            reader.finish();
             if (error != 0) {
-                throw std::runtime_error(reasonOf(error));
+                throw InputError(reasonOf(error) +
+                                 "; type --input FILE with a file of payloads, one per line");
             }
-        } catch (const std::runtime_error& error) {
+            // What an interruption cuts through is no record.
+            if (const std::uint64_t line = isGoingOn() ? reader.finish() : 0) {
+                throw InputError("the quotation mark in line " + std::to_string(line) +
+                                 " is never closed, so nothing after it is read; close it");
+            }
+        } catch (const InputError& error) {
             inputErrors_.push_back((isStandardInput(name) ? "standard input" : visible(name)) + ": " +
                                    error.what());
         }
@@ -226,10 +228,16 @@ class PayloadRun {
         const std::string_view text = records.text;
         const std::string_view header = text.substr(0, scanner.findEnd(text));
         if (records.isTooLong || !splitColumns(header, format_, header.size() + 1, names)) {
-            throw std::runtime_error("the header is too long or has a quotation mark out of place");
+            throw InputError(
+                "the header is too long or has a quotation mark out of place; type --max-line or "
+                "--delimiter");
         }
+        // A file may come from a system whose lines end in CR LF.
+        if (!names.empty() && !names.back().empty() && names.back().back() == '\r') {
+            names.back().pop_back();
+        }
+        records.line += static_cast<std::uint64_t>(std::count(header.begin(), header.end(), format_.end)) + 1;
         records.text.erase(0, header.size() + 1);
-        ++records.line;
         return names;
     }
 
@@ -256,6 +264,9 @@ class PayloadRun {
                 respond_(request, answers);
             } else {
                 answers.withoutColumn.note(placeOf(request.origin) + problem);
+                if (request.kind != nullptr) {
+                    answers.hints.note(*request.kind, request.origin.file);
+                }
             }
         });
     }
@@ -274,7 +285,10 @@ class PayloadRun {
         }
         request.payload = columns[wanted.payload - 1];
         if (wanted.key > 0) {
-            request.origin.key = columns[wanted.key - 1];
+            std::string& key = columns[wanted.key - 1];
+            // The last column of a line that ends in CR LF
+            key.resize(key.size() - (!key.empty() && key.back() == '\r' ? 1 : 0));
+            request.origin.key = key;
         }
         return {};
     }
@@ -328,9 +342,7 @@ class PayloadRun {
 
     void reportInputErrors() {
         for (const std::string& error : inputErrors_) {
-            std::fprintf(stderr,
-                         "korvoqr: cannot read %s; type --input FILE with a file of payloads, one per line\n",
-                         error.c_str());
+            std::fprintf(stderr, "korvoqr: cannot read %s\n", error.c_str());
             hasInputError_ = true;
         }
         if (withoutColumn_.count > 0) {
@@ -358,11 +370,19 @@ class PayloadRun {
                 "korvoqr: %s JSON is empty because a value is not ASCII; type --format jsonl to see it\n",
                 payloads.c_str());
         }
-        const std::string hint = readsLines_ ? hints_.sentence(tally_.accepted.count, options_.input.trim)
-                                             : argumentHint(options_.input.payloads);
+        const std::string hint =
+            readsLines_ ? hints_.sentence(tally_.accepted.count, options_) : hintForArguments();
         if (!hint.empty()) {
             std::fprintf(stderr, "korvoqr: %s\n", hint.c_str());
         }
+    }
+
+    std::string hintForArguments() const {
+        const auto& payloads = options_.input.payloads;
+        const bool isWord = std::find(payloads.begin(), payloads.end(), "json") != payloads.end();
+        return isWord && options_.summary != SummaryKind::none
+                   ? "json is read as a payload; type --summary=json"
+                   : argumentHint(payloads);
     }
 
     const RunOptions& options_;
@@ -385,14 +405,11 @@ class PayloadRun {
 };
 
 // The first example of what a summary counts.
-std::string exampleOf(const Request& request, const RunOptions& options) {
-    RunOptions everything = options;
+std::string exampleOf(const Request& request) {
     constexpr std::size_t longestExample = 4096;  // a QR code holds less
-    everything.lineNumber = true;
-    everything.withPayload = request.payload.size() <= longestExample;
     korvo::JSONWriter json(korvo::JSONWriter::Layout::oneLine);
     json.beginObject();
-    appendHead(json, request, everything);
+    appendHead(json, request, {true, request.payload.size() <= longestExample});
     return json.endObject().takeText();
 }
 
@@ -411,7 +428,7 @@ void countAnswer(const Request& request, const std::vector<std::string>& codes, 
     const bool keepsExamples = options.summary == SummaryKind::json;
     const auto count = [&](Count& counted) {
         if (counted.count++ == 0 && keepsExamples) {
-            counted.example = exampleOf(request, options);
+            counted.example = exampleOf(request);
         }
     };
     if (codes.empty()) {
@@ -428,8 +445,10 @@ void countAnswer(const Request& request, const std::vector<std::string>& codes, 
     if (isUnsplittable && keepsExamples) {
         count(answers.tally.faults[faultOf(request, options)]);
     }
-    if (!request.isTooLong) {
-        answers.hints.note(request.payload, isUnsplittable, request.kind);
+    if (request.kind != nullptr) {
+        answers.hints.note(*request.kind, request.origin.file);
+    } else if (!request.isTooLong) {
+        answers.hints.note(request.payload, isUnsplittable);
     }
 }
 

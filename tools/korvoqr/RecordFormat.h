@@ -26,6 +26,9 @@ class RecordScanner {
     /// The offset of the end of the current record, or npos if the record goes on after these bytes.
     std::size_t findEnd(std::string_view bytes) noexcept;
 
+    /// Whether the bytes so far end inside a quoted column.
+    bool isInsideQuotes() const noexcept { return place_ == Place::quoted; }
+
   private:
     enum class Place : unsigned char { columnBegin, unquoted, quoted, afterQuote };
 

@@ -19,11 +19,16 @@ void RecordReader::add(std::string_view bytes) {
     handOver();
 }
 
-void RecordReader::finish() {
+std::uint64_t RecordReader::finish() {
+    if (scanner_.isInsideQuotes()) {
+        handOver();
+        return line_;
+    }
     if (isSkipping_ || !begun_.empty()) {
         endRecord();
     }
     handOver();
+    return 0;
 }
 
 void RecordReader::append(std::string_view part) {

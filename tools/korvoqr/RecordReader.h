@@ -32,8 +32,9 @@ class RecordReader {
     /// Takes the input's next bytes.
     void add(std::string_view bytes);
 
-    /// Takes the input's end. The last record may lack its end.
-    void finish();
+    /// Takes the input's end. The last record may lack its end. Returns the line of a quotation mark that is
+    /// never closed; then the record that begins there is dropped. 0 if there is none.
+    [[nodiscard]] std::uint64_t finish();
 
   private:
     void append(std::string_view part);

@@ -14,31 +14,26 @@ namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-// UTF-16 has a zero byte in each ASCII character.
-bool looksLikeUTF16(std::string_view payload) {
-    constexpr std::ptrdiff_t least = 3;  // a third, because a line's end may be cut through
-    const auto zeros = std::count(payload.begin(), payload.end(), '\0');
-    return zeros > 0 && zeros * least >= static_cast<std::ptrdiff_t>(payload.size());
-}
-
 bool isAccepted(std::string_view payload) {
     return korvo::QRCodeParser::parseQRData(payload).qrCodeData() != nullptr;
 }
 
 }  // namespace
 
-void RefusalHints::note(std::string_view payload, bool isUnsplittable, const FileKind* kind) {
+void RefusalHints::note(std::string_view payload, bool isUnsplittable) {
     ++refused_;
-    if (kind != nullptr) {
-        ++countOf(Cause::file);
-        kind_ = kind_ == nullptr ? kind : kind_;
-    } else if (!isUnsplittable) {
-        return;  // each of the other causes breaks the first or the last element
-    } else if (looksLikeUTF16(payload)) {
-        ++countOf(Cause::utf16);
-    } else {
+    // The causes below break the first or the last element.
+    if (isUnsplittable) {
         noteSurroundings(payload);
         noteColumns(payload);
+    }
+}
+
+void RefusalHints::note(const FileKind& kind, std::string_view file) {
+    ++refused_;
+    if (countOf(Cause::file)++ == 0) {
+        kind_ = &kind;
+        file_ = file;
     }
 }
 
@@ -87,18 +82,21 @@ void RefusalHints::noteColumns(std::string_view payload) {
 void RefusalHints::add(const RefusalHints& other) {
     refused_ += other.refused_;
     std::transform(counts_.begin(), counts_.end(), other.counts_.begin(), counts_.begin(), std::plus<>());
-    kind_ = kind_ == nullptr ? other.kind_ : kind_;
+    if (kind_ == nullptr) {
+        kind_ = other.kind_;
+        file_ = other.file_;
+    }
     if (column_ == 0) {
         column_ = other.column_;
         delimiter_ = other.delimiter_;
     }
 }
 
-std::string RefusalHints::sentence(std::uint64_t accepted, bool isTrimmed) const {
+std::string RefusalHints::sentence(std::uint64_t accepted, const RunOptions& options) const {
     constexpr std::uint64_t least = 3;
     for (std::size_t i = 0; i < counts_.size(); ++i) {
         const std::uint64_t count = counts_.at(i);
-        const bool isTried = isTrimmed && static_cast<Cause>(i) >= Cause::carriageReturn;
+        const bool isTried = options.input.trim && static_cast<Cause>(i) >= Cause::carriageReturn;
         if (count < least || count * 10 < refused_ * 9 || isTried) {
             continue;
         }
@@ -106,29 +104,33 @@ std::string RefusalHints::sentence(std::uint64_t accepted, bool isTrimmed) const
         if (count < refused_) {
             lines = grouped(count) + " of " + grouped(refused_) + " refused lines ";
         }
-        return sentenceOf(static_cast<Cause>(i), lines);
+        return sentenceOf(static_cast<Cause>(i), lines, options);
     }
     return {};
 }
 
-std::string RefusalHints::sentenceOf(Cause cause, const std::string& lines) const {
+std::string RefusalHints::sentenceOf(Cause cause, const std::string& lines, const RunOptions& options) const {
+    const std::string command = options.isExplaining ? " explain" : " parse";
+    const std::string trim = options.isExplaining ? "; try korvoqr parse --trim" : "; try --trim";
     switch (cause) {
-        case Cause::file:
-            return "this is " + std::string(kind_->name) + "; try " + std::string(kind_->remedy);
-        case Cause::utf16:
-            return "this looks like UTF-16; try iconv -f UTF-16 -t UTF-8 FILE | korvoqr parse";
+        case Cause::file: {
+            const std::string remedy(kind_->remedy);
+            const bool isPipe = remedy.find('|') != std::string::npos;
+            return (file_.empty() ? "this" : visible(file_)) + ' ' + std::string(kind_->name) + "; try " +
+                   remedy + (isPipe ? command : "");
+        }
         case Cause::columns:
             return lines + "have a payload in column " + std::to_string(column_) + "; try --payload-column " +
                    std::to_string(column_) +
                    (delimiter_ == '\t' ? "" : std::string(" --delimiter '") + delimiter_ + '\'');
         case Cause::carriageReturn:
-            return lines + "end in CR; try --trim";
+            return lines + "end in CR" + trim;
         case Cause::byteOrderMark:
-            return lines + "begin with a byte order mark; try --trim";
+            return lines + "begin with a byte order mark" + trim;
         case Cause::quotes:
-            return lines + "are in quotes; try --trim";
+            return lines + "are in quotes" + trim;
         case Cause::blanks:
-            return lines + "have white space or quotes around them; try --trim";
+            return lines + "have white space or quotes around them" + trim;
         case Cause::count:
             break;
     }

@@ -91,7 +91,7 @@ std::string_view nameOf(std::string_view code) {
 
 // The members before the answer itself.
 void appendMembers(JSONWriter& json, const ParsedPayload& parsed, const RunOptions& options) {
-    appendHead(json, parsed.request, options);
+    appendHead(json, parsed.request, HeadParts::of(options));
     if (parsed.isTrimmed) {
         json.name("trimmed").boolean(true);
     }
@@ -131,30 +131,6 @@ std::string dataJSON(const ParsedPayload& parsed, const RunOptions& options) {
     return record;
 }
 
-void appendDataLine(std::string& text, const ParsedPayload& parsed, const RunOptions& options) {
-    JSONWriter json(Layout::oneLine);
-    json.beginObject();
-    appendMembers(json, parsed, options);
-    text += json.name("qrCodeData").text();
-    text += recordJSON(*parsed.response.qrCodeData(), options.compact, false);
-    text += '}';
-}
-
-std::string errorText(const ParsedPayload& parsed, const RunOptions& options) {
-    std::string text;
-    for (const std::string& code : parsed.response.qrCodeError()->errorCodes()) {
-        const auto* const entry = korvo::findErrorCatalogueEntry(code);
-        text += code + ' ' + std::string(nameOf(code));
-        if (parsed.request.isTooLong) {
-            text += ": The line is " + reasonForLength(options) + '.';
-        } else if (entry != nullptr) {
-            text += ": " + std::string(entry->meaning);
-        }
-        text += '\n';
-    }
-    return text;
-}
-
 // NUL is the one character that PostgreSQL cannot hold.
 std::string withoutNUL(std::string_view text) {
     std::string result;
@@ -164,18 +140,9 @@ std::string withoutNUL(std::string_view text) {
     return result;
 }
 
-}  // namespace
-
-std::string_view ParsedPayload::payload() const {
-    return isTrimmed ? trimmed(request.payload) : request.payload;
-}
-
-std::string recordJSON(const korvo::QRCodeData& data, bool isCompact, bool forDatabase) {
-    if (!isCompact && !forDatabase) {
-        return data.utf8JSON();
-    }
-    JSONWriter json(Layout::oneLine);
-    json.beginObject();
+// The record's members. `isCompact`: without absent texts and false flags. Tells whether a NUL is shown as
+// \\x00, if the record is for a database.
+bool appendMembersOf(JSONWriter& json, const korvo::QRCodeData& data, bool isCompact, bool forDatabase) {
     bool isEscaped = false;
     for (const korvo::QRCodeDataPropertyRow& row : korvo::qrCodeDataProperties) {
         const auto text = data.text(row.index);
@@ -195,17 +162,63 @@ std::string recordJSON(const korvo::QRCodeData& data, bool isCompact, bool forDa
             json.validString(*text);
         }
     }
-    if (isEscaped) {
+    return isEscaped;
+}
+
+void appendDataLine(std::string& text, const ParsedPayload& parsed, const RunOptions& options) {
+    JSONWriter json(Layout::oneLine);
+    json.beginObject();
+    appendMembers(json, parsed, options);
+    json.name("qrCodeData");
+    if (options.compact) {
+        appendMembersOf(json.beginObject(), *parsed.response.qrCodeData(), true, false);
+        text += json.endObject().text();
+    } else {
+        text += json.text();
+        korvo::appendUTF8JSON(text, *parsed.response.qrCodeData());
+    }
+    text += '}';
+}
+
+std::string errorText(const ParsedPayload& parsed, const RunOptions& options) {
+    std::string text;
+    for (const std::string& code : parsed.response.qrCodeError()->errorCodes()) {
+        const auto* const entry = korvo::findErrorCatalogueEntry(code);
+        text += code + ' ' + std::string(nameOf(code));
+        if (parsed.request.isTooLong) {
+            text += ": The line is " + reasonForLength(options) + '.';
+        } else if (entry != nullptr) {
+            text += ": " + std::string(entry->meaning);
+        }
+        text += '\n';
+    }
+    return text;
+}
+
+}  // namespace
+
+std::string_view ParsedPayload::payload() const {
+    return isTrimmed ? trimmed(request.payload) : request.payload;
+}
+
+void appendDatabaseJSON(std::string& text, const ParsedPayload& parsed, bool isCompact) {
+    JSONWriter json(Layout::oneLine);
+    json.beginObject();
+    if (appendMembersOf(json, *parsed.response.qrCodeData(), isCompact, true)) {
         json.name("escaped").boolean(true);
     }
-    return json.endObject().takeText();
+    if (parsed.isTrimmed) {
+        json.name("trimmed").boolean(true);
+    }
+    text += json.endObject().text();
 }
 
 std::string harmlessAnswer(const std::string& text, Format format) {
     switch (format) {
         case Format::text:
-        case Format::copy:
             return harmless(text);
+        case Format::copy:
+            return harmless(text, "\t\n");
         case Format::json:
         case Format::jsonl:
             return harmlessJSON(text);
@@ -219,7 +232,11 @@ bool appendAnswer(std::string& text, const ParsedPayload& parsed, const RunOptio
     switch (options.format) {
         case Format::text:
             text += textHead(parsed.request, options);
-            text += data ? data->description() : errorText(parsed, options);
+            if (data) {
+                korvo::appendDescription(text, *data);
+            } else {
+                text += errorText(parsed, options);
+            }
             return true;
         case Format::json: {
             const std::string json =

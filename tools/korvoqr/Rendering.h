@@ -31,9 +31,9 @@ std::string harmlessAnswer(const std::string& text, Format format);
 /// and its record as JSON.
 void appendCopyRow(std::string& text, const ParsedPayload& parsed, const RunOptions& options);
 
-/// The record as JSON on one line. `isCompact`: without absent texts and false flags. `forDatabase`: without
-/// the character NUL, which PostgreSQL cannot hold; it is shown as \x00, and a member "escaped" is true.
-std::string recordJSON(const korvo::QRCodeData& data, bool isCompact, bool forDatabase);
+/// The record as JSON on one line for PostgreSQL: without the character NUL, which it cannot hold; it is
+/// shown as \x00, and a member "escaped" is true. `isCompact`: without absent texts and false flags.
+void appendDatabaseJSON(std::string& text, const ParsedPayload& parsed, bool isCompact);
 
 }  // namespace korvoqr
 

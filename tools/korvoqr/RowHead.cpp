@@ -70,7 +70,7 @@ std::string textHead(const Request& request, const RunOptions& options) {
     return head;
 }
 
-void appendHead(korvo::JSONWriter& json, const Request& request, const RunOptions& options) {
+void appendHead(korvo::JSONWriter& json, const Request& request, HeadParts wanted) {
     const Origin& origin = request.origin;
     if (!origin.file.empty()) {
         appendText(json, "file", readable(origin.file));
@@ -79,13 +79,13 @@ void appendHead(korvo::JSONWriter& json, const Request& request, const RunOption
         json.name("code").number(origin.code);
         appendPosition(json, origin.position);
     }
-    if (origin.line > 0 && options.lineNumber) {
+    if (origin.line > 0 && wanted.lineNumber) {
         json.name("line").number(origin.line);
     }
     if (origin.key) {
         appendText(json, "key", readable(*origin.key));
     }
-    if (options.withPayload && !request.isTooLong) {
+    if (wanted.payload && !request.isTooLong) {
         appendText(json, "payload", request.payload);
         if (!korvo::isUTF8(request.payload)) {
             appendText(json, "visible", visible(request.payload));
@@ -107,16 +107,17 @@ std::string problemRow(const Origin& origin, const std::string& problem, const R
                                      : korvo::JSONWriter::Layout::indented);
     Request request;
     request.origin = origin;
-    RunOptions withoutPayload = options;
-    withoutPayload.withPayload = false;
-    appendHead(json.beginObject(), request, withoutPayload);
+    appendHead(json.beginObject(), request, {});
     return json.name("problem").string(problem).endObject().takeText() + '\n';
 }
 
 std::string reasonForLength(const RunOptions& options) {
     const std::uint64_t limit = options.input.lineLimit;
     const bool isWhole = limit % usualLineLimit == 0;
-    return "longer than " + grouped(isWhole ? limit / usualLineLimit : limit) + (isWhole ? " MiB" : " bytes");
+    return "longer than " + grouped(isWhole ? limit / usualLineLimit : limit) +
+           (isWhole      ? " MiB"
+            : limit == 1 ? " byte"
+                         : " bytes");
 }
 
 }  // namespace korvoqr

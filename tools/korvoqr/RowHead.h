@@ -9,6 +9,15 @@
 
 namespace korvoqr {
 
+/// The members of an answer's head that are not always there.
+struct HeadParts {
+    bool lineNumber = false;
+    bool payload = false;
+
+    /// Those that the options call for.
+    static HeadParts of(const RunOptions& options) { return {options.lineNumber, options.withPayload}; }
+};
+
 /// For a person, where a payload comes from: "argument 2", "shop.png, code 2 of 3", "ids.csv, line 7, key
 /// 12".
 std::string placeOf(const Origin& origin);
@@ -20,8 +29,8 @@ std::string headingOf(const Origin& origin);
 std::string textHead(const Request& request, const RunOptions& options);
 
 /// The first members of an answer in JSON, in the order file, code, position, line, key, payload, as far as
-/// the origin has them and the options call for them.
-void appendHead(korvo::JSONWriter& json, const Request& request, const RunOptions& options);
+/// the origin has them and they are wanted.
+void appendHead(korvo::JSONWriter& json, const Request& request, HeadParts wanted);
 
 /// The answer for a picture that cannot be read, or for a code that was found in it and cannot be read: an
 /// object with the member "problem", with the final line feed. Empty outside JSON, where a message says it.

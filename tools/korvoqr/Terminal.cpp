@@ -197,8 +197,8 @@ std::string inQuotes(std::string_view text) {
     return '"' + visible(text) + '"';
 }
 
-std::string harmless(std::string_view text) {
-    return shown(text, "", "\n", escapedForPerson);
+std::string harmless(std::string_view text, std::string_view asTheyAre) {
+    return shown(text, "", asTheyAre, escapedForPerson);
 }
 
 std::string harmlessJSON(std::string_view json) {

@@ -41,8 +41,9 @@ std::string visible(std::string_view text);
 /// The same, in quotation marks.
 std::string inQuotes(std::string_view text);
 
-/// The same for text with several lines: line feeds, quotation marks and backslashes stay unchanged.
-std::string harmless(std::string_view text);
+/// The same for text with several lines: quotation marks, backslashes, and the characters in `asTheyAre` stay
+/// unchanged.
+std::string harmless(std::string_view text, std::string_view asTheyAre = "\n");
 
 /// The same for JSON, in JSON's own escapes, so that its meaning does not change.
 std::string harmlessJSON(std::string_view json);
