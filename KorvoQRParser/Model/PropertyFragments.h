@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -22,15 +23,15 @@ struct PropertyFragment {
 
     template <std::size_t headEnd, std::size_t wholeEnd>
     constexpr PropertyFragment(const char (&head)[headEnd], const char (&whole)[wholeEnd])
-        : size(wholeEnd - 1), headSize(headEnd - 1) {
+        : size(static_cast<std::uint8_t>(wholeEnd - 1)), headSize(static_cast<std::uint8_t>(headEnd - 1)) {
         static_assert(headEnd <= wholeEnd && wholeEnd <= capacity);
         std::copy(whole, whole + size, bytes.begin());
         std::copy(head, head + headSize, bytes.begin());
     }
 
     std::array<char, capacity> bytes{};
-    std::size_t size;
-    std::size_t headSize;
+    std::uint8_t size;
+    std::uint8_t headSize;
 };
 
 /// The pieces of all properties, in the order of their indices.

@@ -2,6 +2,8 @@
 #include "Rendering.h"
 #include "Terminal.h"
 
+#include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -11,26 +13,26 @@ namespace {
 
 constexpr std::string_view null = "\\N";
 
-// The text with COPY's escapes.
+// What a byte is in COPY's text format: itself (0), or a backslash and this letter.
+constexpr auto escapes = [] {
+    std::array<char, 256> letters{};
+    letters['\\'] = '\\';
+    letters['\t'] = 't';
+    letters['\n'] = 'n';
+    letters['\r'] = 'r';
+    return letters;
+}();
+
 void appendField(std::string& row, std::string_view text) {
-    for (const char byte : text) {
-        switch (byte) {
-            case '\\':
-                row += "\\\\";
-                break;
-            case '\t':
-                row += "\\t";
-                break;
-            case '\n':
-                row += "\\n";
-                break;
-            case '\r':
-                row += "\\r";
-                break;
-            default:
-                row += byte;
+    std::size_t written = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (const char letter = escapes.at(static_cast<unsigned char>(text[i]))) {
+            row.append(text, written, i - written);
+            row += {'\\', letter};
+            written = i + 1;
         }
     }
+    row.append(text, written);
     row += '\t';
 }
 
