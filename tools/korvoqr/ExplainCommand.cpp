@@ -2,6 +2,7 @@
 #include "ExplanationRendering.h"
 #include "InputRun.h"
 #include "PayloadInput.h"
+#include "PictureRows.h"
 
 #include <utility>
 
@@ -18,7 +19,8 @@ class ExplainRun {
 
     ExitStatus run() {
         const bool hasArguments = run_.forEachArgument(
-            [this](std::string_view payload, const Origin& origin) { explainOne(payload, origin); });
+            [this](std::string_view payload, const Origin& origin) { explainOne(payload, origin); },
+            [this](const Origin& origin, std::string_view problem) { writeProblem(origin, problem); });
         if (!hasArguments) {
             run_.forEachBlock([this](const std::string& block) {
                 forEachPayload(block, run_.delimiter(),
@@ -54,6 +56,11 @@ class ExplainRun {
             run_.output().write(painted(style_, Paint::heading, origin.place() + ':') + '\n');
         }
         run_.output().write(explanationText(explanation, style_));
+    }
+
+    void writeProblem(const Origin& origin, std::string_view problem) {
+        const std::string row = problemRow(origin, problem, isText(format_) ? Format::text : Format::jsonl);
+        run_.output().write(isForPerson_ ? harmlessJSON(row) : row);
     }
 
     void writeJSON(const korvo::QRCodeExplanation& explanation, const Origin& origin) {

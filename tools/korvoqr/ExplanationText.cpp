@@ -1,5 +1,6 @@
 #include "ExplanationRendering.h"
 #include "LibraryInternals.h"
+#include "PictureRows.h"
 
 #include <algorithm>
 
@@ -245,8 +246,7 @@ std::string explanationJSON(const QRCodeExplanation& explanation, const Origin& 
     }
     korvo::JSONWriter picture(korvo::JSONWriter::Layout::oneLine);
     picture.beginObject();
-    picture.name("file").string(origin.file);
-    picture.name("code").number(origin.code);
+    appendOrigin(picture, origin);
     return picture.text() + ',' + json.substr(1);
 }
 

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <cstring>
 #include <exception>
+#include <filesystem>
 #include <memory>
 #include <new>
 #include <stdexcept>
@@ -33,6 +34,8 @@
 namespace korvoqr {
 
 namespace {
+
+namespace fs = std::filesystem;
 
 // A small file may claim a size that fills the memory; no camera makes pictures of this size.
 constexpr std::int64_t mostPixels = 200'000'000;
@@ -59,7 +62,7 @@ struct Picture {
 };
 
 std::string readWhole(const std::string& file) {
-    const InputFile input(file == "-" ? "./-" : file);
+    const InputFile input(file);
     std::string bytes;
     bool isTooLarge = false;
     const int error =
@@ -121,22 +124,26 @@ std::string textOf(const ZXing::Result& code) {
     return !code.hasECI() && korvo::isUTF8(bytes) ? std::string(bytes) : code.text();
 }
 
+PicturePlace placeOf(const ZXing::Position& corners) {
+    const auto [left, right] = std::minmax(
+        {corners.topLeft().x, corners.topRight().x, corners.bottomLeft().x, corners.bottomRight().x});
+    const auto [top, bottom] = std::minmax(
+        {corners.topLeft().y, corners.topRight().y, corners.bottomLeft().y, corners.bottomRight().y});
+    return {left, top, right - left + 1, bottom - top + 1};
+}
+
 // Paints a code white, so that the next search finds those beside it.
-void paintOver(const ZXing::Result& code, std::vector<std::uint8_t>& greys, int width, int height) {
-    const auto [left, right] = std::minmax({code.position().topLeft().x, code.position().topRight().x,
-                                            code.position().bottomLeft().x, code.position().bottomRight().x});
-    const auto [top, bottom] = std::minmax({code.position().topLeft().y, code.position().topRight().y,
-                                            code.position().bottomLeft().y, code.position().bottomRight().y});
-    for (int y = std::max(top, 0); y <= std::min(bottom, height - 1); ++y) {
+void paintOver(const PicturePlace& place, std::vector<std::uint8_t>& greys, int width, int height) {
+    for (int y = std::max(place.y, 0); y < std::min(place.y + place.height, height); ++y) {
         const auto row = greys.begin() + std::ptrdiff_t{y} * width;
-        const int begin = std::clamp(left, 0, width);
-        std::fill(row + begin, row + std::clamp(right + 1, begin, width), white);
+        const int begin = std::clamp(place.x, 0, width);
+        std::fill(row + begin, row + std::clamp(place.x + place.width, begin, width), white);
     }
 }
 
 // One search misses some of many codes, so searches go on as long as they find something.
-std::vector<std::string> findCodes(const Picture& picture, bool isLightOnDark) {
-    std::vector<std::string> texts;
+std::vector<ImageCode> findCodes(const Picture& picture, bool isLightOnDark) {
+    std::vector<ImageCode> codes;
     std::vector<std::uint8_t> greys = greysOf(picture, isLightOnDark);
     const ZXing::ImageView view(greys.data(), picture.width, picture.height, ZXing::ImageFormat::Lum);
     const auto hints = ZXing::DecodeHints().setFormats(ZXing::BarcodeFormat::QRCode);
@@ -146,24 +153,24 @@ std::vector<std::string> findCodes(const Picture& picture, bool isLightOnDark) {
         isNew = false;
         for (const ZXing::Result& code : ZXing::ReadBarcodes(view, hints)) {
             if (code.isValid()) {
-                texts.push_back(textOf(code));
-                paintOver(code, greys, picture.width, picture.height);
+                codes.push_back({textOf(code), {}, placeOf(code.position())});
+                paintOver(codes.back().place, greys, picture.width, picture.height);
                 isNew = true;
             }
         }
     }
-    return texts;
+    return codes;
 }
 
 ImageContent readHere(const std::string& file) {
     ImageContent content;
     try {
         const Picture picture = loadPicture(readWhole(file));
-        content.payloads = findCodes(picture, false);
-        if (content.payloads.empty()) {
-            content.payloads = findCodes(picture, true);
+        content.codes = findCodes(picture, false);
+        if (content.codes.empty()) {
+            content.codes = findCodes(picture, true);
         }
-        if (content.payloads.empty()) {
+        if (content.codes.empty()) {
             content.problem = "there is no QR code in this picture";
         }
     } catch (const std::bad_alloc&) {
@@ -207,8 +214,9 @@ std::vector<std::string> received(std::string_view bytes) {
     ::setrlimit(RLIMIT_CPU, &limit);
     const ImageContent content = readHere(file);
     bool isSent = send(pipe, content.problem);
-    for (const std::string& payload : content.payloads) {
-        isSent = isSent && send(pipe, payload);
+    for (const ImageCode& code : content.codes) {
+        const std::string place(reinterpret_cast<const char*>(&code.place), sizeof code.place);
+        isSent = isSent && send(pipe, place) && send(pipe, code.problem) && send(pipe, code.payload);
     }
     ::_exit(isSent ? 0 : 1);
 }
@@ -223,9 +231,41 @@ ImageContent contentFrom(std::string_view message, int waitStatus) {
         return {{}, "the picture cannot be read"};
     }
     ImageContent content{{}, texts.front()};
-    texts.erase(texts.begin());
-    content.payloads = std::move(texts);
+    for (std::size_t i = 1; i + 2 < texts.size(); i += 3) {
+        ImageCode code{texts[i + 2], texts[i + 1], {}};
+        std::memcpy(&code.place, texts[i].data(), std::min(texts[i].size(), sizeof code.place));
+        content.codes.push_back(code);
+    }
     return content;
+}
+
+bool isPicture(const fs::path& file) {
+    std::array<char, 4> bytes{};
+    const InputFile input("./" / file);
+    const ssize_t count = input.descriptor() < 0 ? 0 : ::read(input.descriptor(), bytes.data(), bytes.size());
+    const std::string_view head(bytes.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    return head == "\x89PNG" || head.substr(0, 2) == "\xFF\xD8";
+}
+
+// A folder that cannot be opened is added itself, so that its turn brings the message.
+void addPictures(const fs::path& folder, std::vector<std::string>& pictures) {
+    std::error_code error;
+    std::vector<fs::path> entries;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        entries.push_back(entry->path());
+    }
+    if (error) {
+        pictures.push_back(folder);
+    }
+    std::sort(entries.begin(), entries.end());
+    for (const fs::path& entry : entries) {
+        const bool isHidden = entry.filename().string().front() == '.';
+        if (!isHidden && fs::is_directory(fs::symlink_status(entry, error))) {
+            addPictures(entry, pictures);
+        } else if (!isHidden && fs::is_regular_file(entry, error) && isPicture(entry)) {
+            pictures.push_back(entry);
+        }
+    }
 }
 
 }  // namespace
@@ -253,6 +293,15 @@ ImageContent readQRCodes(const std::string& file) {
         return readHere(file);
     }
     return contentFrom(error == 0 ? message : "", status);
+}
+
+std::vector<std::string> picturesIn(const std::string& name) {
+    std::error_code error;
+    std::vector<std::string> pictures;
+    if (fs::is_directory(name, error)) {
+        addPictures(name, pictures);
+    }
+    return pictures.empty() ? std::vector{name} : pictures;
 }
 
 }  // namespace korvoqr

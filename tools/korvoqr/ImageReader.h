@@ -1,20 +1,34 @@
 #ifndef KORVOQR_IMAGEREADER_H
 #define KORVOQR_IMAGEREADER_H
 
+#include "Origin.h"
+
 #include <string>
 #include <vector>
 
 namespace korvoqr {
 
-/// The QR codes of a picture, or the reason for none.
-struct ImageContent {
-    std::vector<std::string> payloads;  ///< the texts of the codes, as UTF-8
-    std::string problem;                ///< for a person; empty if there are payloads
+/// A QR code of a picture: its payload, or the reason why the code that was found cannot be read.
+struct ImageCode {
+    std::string payload;  ///< the bytes of the code; UTF-8 if the code declares a character set
+    std::string problem;  ///< for a person; empty if there is a payload
+    PicturePlace place;
 };
 
-/// Reads the QR codes of a PNG or JPEG file, a scan or a photo, dark on light or light on dark. A malicious
-/// picture ends with a problem, within half a minute. Call it only while the process has one thread.
+/// The QR codes of a picture, or the reason for none.
+struct ImageContent {
+    std::vector<ImageCode> codes;  ///< in reading order
+    std::string problem;           ///< for a person; empty if there are codes
+};
+
+/// Reads the QR codes of a PNG or JPEG file, a scan or a photo, dark on light or light on dark; "-" is
+/// standard input. A malicious picture ends with a problem, within half a minute. Call it only while the
+/// process has one thread.
 [[nodiscard]] ImageContent readQRCodes(const std::string& file);
+
+/// The pictures in a folder and its subfolders, sorted by name; hidden files are left out. If there are none,
+/// or the name is not that of a folder, the name itself.
+[[nodiscard]] std::vector<std::string> picturesIn(const std::string& name);
 
 }  // namespace korvoqr
 

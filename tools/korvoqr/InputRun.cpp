@@ -19,26 +19,43 @@ InputRun::InputRun(const InputOptions& options) : options_(options) {
     std::signal(SIGPIPE, SIG_IGN);
 }
 
-bool InputRun::forEachArgument(const std::function<void(std::string_view, const Origin&)>& handle) {
+void InputRun::reportProblem(const Origin& origin, const std::string& problem) {
+    std::fprintf(stderr,
+                 "korvoqr: cannot read %s: %s; type --image FILE with PNG or JPEG pictures of QR codes\n",
+                 origin.place().c_str(), visible(problem).c_str());
+    someInputError_ = true;
+}
+
+bool InputRun::forEachArgument(const std::function<void(std::string_view, const Origin&)>& handle,
+                               const std::function<void(const Origin&, std::string_view)>& handleProblem) {
     for (const std::string& payload : options_.payloads) {
         if (!output_.isClosed()) {
             handle(payload, {});
         }
     }
-    for (const std::string& file : options_.images) {
-        if (output_.isClosed()) {
-            break;
+    const auto handleCode = [&](const ImageCode& code, const Origin& origin) {
+        if (code.problem.empty()) {
+            handle(code.payload, origin);
+        } else {
+            reportProblem(origin, code.problem);
+            handleProblem(origin, code.problem);
         }
+    };
+    const auto handlePicture = [&](const std::string& file) {
         const ImageContent content = readQRCodes(file);
         if (!content.problem.empty()) {
-            std::fprintf(
-                stderr,
-                "korvoqr: cannot read %s: %s; type --image FILE with PNG or JPEG pictures of QR codes\n",
-                visible(file).c_str(), visible(content.problem).c_str());
-            someInputError_ = true;
+            reportProblem({file}, content.problem);
+            handleProblem({file}, content.problem);
         }
-        for (std::size_t i = 0; i < content.payloads.size(); ++i) {
-            handle(content.payloads[i], {file, i + 1, content.payloads.size()});
+        for (std::size_t i = 0; i < content.codes.size(); ++i) {
+            handleCode(content.codes[i], {file, i + 1, content.codes.size(), content.codes[i].place});
+        }
+    };
+    for (const std::string& name : options_.images) {
+        for (const std::string& file : picturesIn(name)) {
+            if (!output_.isClosed()) {
+                handlePicture(file);
+            }
         }
     }
     return !options_.payloads.empty() || !options_.images.empty();

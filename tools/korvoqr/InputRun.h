@@ -18,10 +18,12 @@ class InputRun {
   public:
     explicit InputRun(const InputOptions& options);
 
-    /// Calls `handle` with each payload of the arguments and pictures. False if there are neither; then read
-    /// the input file.
+    /// Calls `handle` with each payload of the arguments and pictures, and `handleProblem` with each picture
+    /// and each code that cannot be read; its message is printed already. False if there are no arguments and
+    /// no pictures; then read the input file.
     [[nodiscard]] bool forEachArgument(
-        const std::function<void(std::string_view payload, const Origin& origin)>& handle);
+        const std::function<void(std::string_view payload, const Origin& origin)>& handle,
+        const std::function<void(const Origin& origin, std::string_view problem)>& handleProblem);
 
     /// Calls `handle` with blocks of payloads from the input file.
     void forEachBlock(const std::function<void(std::string)>& handle);
@@ -37,6 +39,8 @@ class InputRun {
     [[nodiscard]] ExitStatus finish();
 
   private:
+    void reportProblem(const Origin& origin, const std::string& problem);
+
     const InputOptions& options_;
     Output output_;
     bool someRejected_ = false;

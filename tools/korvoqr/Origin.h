@@ -8,11 +8,21 @@
 
 namespace korvoqr {
 
-/// The picture that a payload comes from, and the number of its code in it.
+/// The rectangle around a code, in pixels from the top left corner of the picture as it is stored. A picture
+/// that a camera marks as turned is not turned.
+struct PicturePlace {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+};
+
+/// The picture that a payload comes from, and the number and the place of its code in it.
 struct Origin {
     std::string file;       ///< as given; empty if the payload does not come from a picture
-    std::size_t code = 0;   ///< counted from 1
+    std::size_t code = 0;   ///< counted from 1; 0 for the whole picture
     std::size_t codes = 0;  ///< the number of codes in the picture
+    PicturePlace position{};
 
     bool isPicture() const noexcept { return !file.empty(); }
 

@@ -2,6 +2,7 @@
 #include "Commands.h"
 #include "InputRun.h"
 #include "PayloadInput.h"
+#include "PictureRows.h"
 #include "Rendering.h"
 #include "Summary.h"
 
@@ -57,8 +58,8 @@ class ParseRun {
 
     ExitStatus run() {
         const auto begin = std::chrono::steady_clock::now();
-        const bool hasArguments =
-            run_.forEachArgument([this](std::string_view payload, const Origin& origin) {
+        const bool hasArguments = run_.forEachArgument(
+            [this](std::string_view payload, const Origin& origin) {
                 Answers answers;
                 if (isText(options_.format) && origin.isPicture()) {
                     answers.text = origin.place() + ":\n";
@@ -66,7 +67,8 @@ class ParseRun {
                 answers.place = origin.place();
                 answer(payload, options_.format, origin, answers);
                 deliver(answers);
-            });
+            },
+            [this](const Origin& origin, std::string_view problem) { deliverProblem(origin, problem); });
         if (!hasArguments) {
             parseFile();
         }
@@ -101,6 +103,12 @@ class ParseRun {
             });
         run_.forEachBlock([&batch](std::string block) { batch.add(std::move(block)); });
         batch.finish();
+    }
+
+    void deliverProblem(const Origin& origin, std::string_view problem) {
+        const std::string row = problemRow(origin, problem, options_.format);
+        run_.output().write(isForPerson_ ? harmlessJSON(row) : row);
+        ++tally_.unreadable;
     }
 
     void deliver(const Answers& answers) {

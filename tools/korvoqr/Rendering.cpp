@@ -1,6 +1,7 @@
 #include "Rendering.h"
 
 #include "LibraryInternals.h"
+#include "PictureRows.h"
 
 #include <optional>
 #include <string_view>
@@ -15,14 +16,6 @@ using Layout = JSONWriter::Layout;
 std::string_view nameOf(std::string_view code) {
     const auto* const entry = korvo::findErrorCatalogueEntry(code);
     return entry != nullptr ? entry->name : "unknown";
-}
-
-// If the payload comes from a picture, these members come first.
-void appendOrigin(JSONWriter& json, const Origin& origin) {
-    if (origin.isPicture()) {
-        json.name("file").string(korvo::isUTF8(origin.file) ? origin.file : visible(origin.file));
-        json.name("code").number(origin.code);
-    }
 }
 
 std::string errorJSON(const korvo::QRCodeError& error, const Origin& origin, Layout layout) {

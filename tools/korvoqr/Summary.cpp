@@ -59,6 +59,7 @@ void Tally::count(const korvo::QRCodeParserResponse& response) {
 void Tally::add(const Tally& other) noexcept {
     accepted += other.accepted;
     rejected += other.rejected;
+    unreadable += other.unreadable;
     std::transform(codes.begin(), codes.end(), other.codes.begin(), codes.begin(), std::plus<>());
 }
 
@@ -77,6 +78,10 @@ std::string summaryText(const Tally& tally, std::chrono::duration<double> time, 
     };
     text += '\n' + line(tally.accepted, payloads) + ' ' + painted(style, Paint::good, "accepted");
     text += '\n' + line(tally.rejected, payloads) + ' ' + painted(style, Paint::fault, "rejected") + '\n';
+    if (tally.unreadable > 0) {
+        text += rightAligned(grouped(tally.unreadable), width) + "         " +
+                painted(style, Paint::fault, "unreadable pictures and codes") + '\n';
+    }
     if (tally.rejected == 0) {
         return text;
     }

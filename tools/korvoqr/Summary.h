@@ -16,6 +16,7 @@ namespace korvoqr {
 struct Tally {
     std::uint64_t accepted = 0;
     std::uint64_t rejected = 0;
+    std::uint64_t unreadable = 0;                                     ///< pictures, and codes in pictures
     std::array<std::uint64_t, korvo::errorCatalogue.size()> codes{};  ///< in the catalogue's order
 
     void count(const korvo::QRCodeParserResponse& response);
