@@ -22,7 +22,7 @@ enum ExitStatus : int {
 /// The source of the payloads: arguments, pictures, a file, or standard input.
 struct InputOptions {
     std::vector<std::string> payloads;
-    std::vector<std::string> images;  ///< names of PNG and JPEG files
+    std::vector<std::string> images;  ///< names of pictures and folders; "-" is standard input
     std::string file;                 ///< read if there are neither; empty means standard input
     bool nullDelimited = false;       ///< payloads in the file end with NUL instead of a line feed
 };

@@ -20,8 +20,7 @@ InputRun::InputRun(const InputOptions& options) : options_(options) {
 }
 
 void InputRun::reportProblem(const Origin& origin, const std::string& problem) {
-    std::fprintf(stderr,
-                 "korvoqr: cannot read %s: %s; type --image FILE with PNG or JPEG pictures of QR codes\n",
+    std::fprintf(stderr, "korvoqr: cannot read %s: %s; type --image FILE with pictures of QR codes\n",
                  origin.place().c_str(), visible(problem).c_str());
     someInputError_ = true;
 }

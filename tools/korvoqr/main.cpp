@@ -94,7 +94,7 @@ void addInput(CLI::App* command, korvoqr::InputOptions& input) {
             ->option_text("FILE")
             ->check(refuseEmptyName)
             ->excludes(payloads);
-    command->add_option("--image", input.images, "Read the QR codes in PNG and JPEG pictures")
+    command->add_option("--image", input.images, "Read the QR codes in pictures and in folders")
         ->option_text("FILE...")
         ->check(refuseEmptyName)
         ->excludes(payloads)
