@@ -74,13 +74,12 @@ std::string argumentHint(const std::vector<std::string>& payloads) {
     if (file == payloads.end()) {
         return {};
     }
-    const FileKind* const kind = fileKindOfFile(*file);
+    const auto kind = fileKindOfFile(*file);
     const std::string name = visible(*file);
-    if (kind == nullptr) {
+    if (!kind) {
         return name + " is a file; type --input " + name + " for the payloads in it";
     }
-    return name + ' ' + std::string(kind->name) + "; try " + std::string(kind->remedy) +
-           (kind->remedy == "--image" ? ' ' + name : "");
+    return name + ' ' + kind->name + "; try " + kind->remedy + (kind->remedy == "--image" ? ' ' + name : "");
 }
 
 std::string closestWord(std::string_view typed, const std::vector<std::string>& words) {

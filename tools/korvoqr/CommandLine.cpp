@@ -283,8 +283,8 @@ std::string problemOfCommand(const Grammar& grammar, const std::vector<std::stri
     if (looksLikePayload(arguments)) {
         return "the command before the payload is missing; type korvoqr explain 'PAYLOAD'";
     }
-    const FileKind* const kind = fileKindOfFile(argument);
-    if (kind != nullptr && kind->remedy == "--image") {
+    const auto kind = fileKindOfFile(argument);
+    if (kind && kind->remedy == "--image") {
         return "the command before " + shown + " is missing; type korvoqr explain --image " + shown;
     }
     return "there is no command " + shown + "; " +

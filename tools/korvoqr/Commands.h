@@ -27,7 +27,7 @@ constexpr std::uint64_t usualLineLimit = std::uint64_t{1024} * 1024;
 /// The source of the payloads: arguments, pictures, files, or standard input.
 struct InputOptions {
     std::vector<std::string> payloads;  ///< "-" alone means standard input
-    std::vector<std::string> images;    ///< names of pictures and folders
+    std::vector<std::string> images;    ///< names of pictures and folders; "-" is standard input
     std::vector<std::string> files;     ///< read if there are neither; none means standard input
     bool nullDelimited = false;         ///< payloads in a file end with NUL instead of a line feed
     std::uint64_t lineLimit = usualLineLimit;

@@ -1,6 +1,7 @@
 #ifndef KORVOQR_FILEKIND_H
 #define KORVOQR_FILEKIND_H
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -8,15 +9,15 @@ namespace korvoqr {
 
 /// A kind of file that holds no payloads as lines.
 struct FileKind {
-    std::string_view name;    ///< "is a PNG", to follow "this"
-    std::string_view remedy;  ///< the command to try
+    std::string name;    ///< "is a PNG", to follow "this"
+    std::string remedy;  ///< the option or the command to try
 };
 
-/// The kind of a file that begins with these bytes. Null if it may hold lines.
-const FileKind* fileKindOf(std::string_view bytes) noexcept;
+/// The kind of a file that begins with these bytes; absent if it may hold lines.
+std::optional<FileKind> fileKindOf(std::string_view bytes);
 
-/// The same for a file by its name. Null also if it is not a regular file or cannot be read.
-const FileKind* fileKindOfFile(const std::string& name);
+/// The same for a file by its name. Absent also if it is not a regular file or cannot be read.
+std::optional<FileKind> fileKindOfFile(const std::string& name);
 
 }  // namespace korvoqr
 

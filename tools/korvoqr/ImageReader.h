@@ -21,9 +21,10 @@ struct ImageContent {
     std::string problem;           ///< for a person; empty if there are codes
 };
 
-/// Reads the QR codes of a PNG or JPEG file, a scan or a photo, dark on light or light on dark; "-" is
-/// standard input. A malicious picture ends with a problem, within half a minute. Call it only while the
-/// process has one thread.
+/// Reads the QR codes of a picture, a scan, a photo or a sheet, dark on light or light on dark; "-" is
+/// standard input. A process of its own opens and reads it, with limits on time, memory, files and processes,
+/// so that any file ends with codes or a problem, and in not much more than a minute even on a busy machine.
+/// Call it only while the process has one thread.
 [[nodiscard]] ImageContent readQRCodes(const std::string& file);
 
 /// The pictures in a folder and its subfolders, sorted by name; hidden files are left out. If there are none,

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <utility>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -49,6 +50,12 @@ void Interruption::expect() {
         action.sa_handler = note;
         action.sa_flags = static_cast<int>(SA_RESETHAND);
         ::sigaction(signal, &action, nullptr);
+    }
+}
+
+void Interruption::forget() noexcept {
+    for (int& end : ends) {
+        ::close(std::exchange(end, -1));
     }
 }
 

@@ -11,6 +11,9 @@ class Interruption {
     /// exist.
     static void expect();
 
+    /// In a child process: signals have their usual effect again.
+    static void forget() noexcept;
+
     /// The number of the signal that has come; 0 if none has.
     static int signal() noexcept;
 

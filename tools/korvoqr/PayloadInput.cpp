@@ -18,8 +18,8 @@ namespace {
 // Waits until a read gets something. False if an interruption comes first.
 bool waitFor(int fileDescriptor) {
     std::array<pollfd, 2> ready{pollfd{fileDescriptor, POLLIN, 0},
-                                pollfd{Interruption::descriptor(), POLLIN, 0}};  // ignored if negative
-    ::poll(ready.data(), ready.size(), -1);
+                                pollfd{Interruption::descriptor(), POLLIN, 0}};
+    ::poll(ready.data(), Interruption::descriptor() < 0 ? 1 : 2, -1);
     return Interruption::signal() == 0;
 }
 

@@ -35,7 +35,7 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 // An input that is read as lines.
 struct Source {
     std::string name;  // empty if the answers need not name it
-    const FileKind* kind = nullptr;
+    std::optional<FileKind> kind;
     Columns columns;
 };
 
@@ -146,8 +146,7 @@ class PayloadRun {
     }
 
     void reportProblem(const Origin& origin, const std::string& problem) {
-        std::fprintf(stderr,
-                     "korvoqr: cannot read %s: %s; type --image FILE with PNG or JPEG pictures of QR codes\n",
+        std::fprintf(stderr, "korvoqr: cannot read %s: %s; type --image FILE with pictures of QR codes\n",
                      placeOf(origin).c_str(), visible(problem).c_str());
         hasInputError_ = true;
         ++tally_.unreadable;
@@ -246,7 +245,7 @@ class PayloadRun {
         answers.clear();
         answers.bytes = block.records.bytes;
         Request request;
-        request.kind = block.source->kind;
+        request.kind = block.source->kind ? &*block.source->kind : nullptr;
         request.origin.file = block.source->name;
         if (block.records.isTooLong) {
             request.origin.line = block.records.line;

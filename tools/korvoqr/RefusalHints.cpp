@@ -32,7 +32,7 @@ void RefusalHints::note(std::string_view payload, bool isUnsplittable) {
 void RefusalHints::note(const FileKind& kind, std::string_view file) {
     ++refused_;
     if (countOf(Cause::file)++ == 0) {
-        kind_ = &kind;
+        kind_ = kind;
         file_ = file;
     }
 }
@@ -82,7 +82,7 @@ void RefusalHints::noteColumns(std::string_view payload) {
 void RefusalHints::add(const RefusalHints& other) {
     refused_ += other.refused_;
     std::transform(counts_.begin(), counts_.end(), other.counts_.begin(), counts_.begin(), std::plus<>());
-    if (kind_ == nullptr) {
+    if (!kind_) {
         kind_ = other.kind_;
         file_ = other.file_;
     }
@@ -114,10 +114,9 @@ std::string RefusalHints::sentenceOf(Cause cause, const std::string& lines, cons
     const std::string trim = options.isExplaining ? "; try korvoqr parse --trim" : "; try --trim";
     switch (cause) {
         case Cause::file: {
-            const std::string remedy(kind_->remedy);
-            const bool isPipe = remedy.find('|') != std::string::npos;
-            return (file_.empty() ? "this" : visible(file_)) + ' ' + std::string(kind_->name) + "; try " +
-                   remedy + (isPipe ? command : "");
+            const bool isPipe = kind_->remedy.find('|') != std::string::npos;
+            return (file_.empty() ? "this" : visible(file_)) + ' ' + kind_->name + "; try " + kind_->remedy +
+                   (isPipe ? command : "");
         }
         case Cause::columns:
             return lines + "have a payload in column " + std::to_string(column_) + "; try --payload-column " +

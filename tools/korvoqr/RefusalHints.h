@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -48,7 +49,7 @@ class RefusalHints {
 
     std::uint64_t refused_ = 0;
     std::array<std::uint64_t, static_cast<std::size_t>(Cause::count)> counts_{};
-    const FileKind* kind_ = nullptr;  // of the first such file
+    std::optional<FileKind> kind_;  // of the first such file
     std::string file_;
     std::size_t column_ = 0;  // of the first payload among columns, from 1
     char delimiter_ = 0;

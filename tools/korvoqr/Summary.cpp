@@ -50,8 +50,8 @@ std::string summaryText(const Tally& tally, std::chrono::duration<double> time, 
     text +=
         '\n' + line(tally.rejected.count, payloads) + ' ' + painted(style, Paint::fault, "rejected") + '\n';
     if (tally.unreadable > 0) {
-        text +=
-            rightAligned(grouped(tally.unreadable), width) + "         pictures or codes in them not read\n";
+        text += rightAligned(grouped(tally.unreadable), width) + "         " +
+                painted(style, Paint::fault, "unreadable pictures and codes") + '\n';
     }
     if (tally.rejected.count == 0) {
         return text;
