@@ -146,6 +146,7 @@ class PayloadRun {
     }
 
     void reportProblem(const Origin& origin, const std::string& problem) {
+        output_.flush();  // on a terminal, the answers before come first
         std::fprintf(stderr, "korvoqr: cannot read %s: %s; type --image FILE with pictures of QR codes\n",
                      placeOf(origin).c_str(), visible(problem).c_str());
         hasInputError_ = true;
