@@ -26,6 +26,8 @@ constexpr PropertyFragments oneLineFragments{{KORVO_QRCODEDATA_PROPERTIES(KORVO_
 #undef KORVO_TEXT_MEMBER
 // clang-format on
 
+constexpr std::size_t usualSize = 2560;
+
 struct JSONValue {
     static constexpr std::size_t bound(std::size_t size) noexcept { return jsonStringBound(size); }
     static char* write(char* place, std::string_view value) noexcept { return writeJSONString(place, value); }
@@ -73,12 +75,14 @@ std::string QRCodeData::jsonOutput() const {
         return {};
     }
     std::string json;
+    json.reserve(usualSize);
     appendMembers(json, *this, indentedFragments, "\"true\"");
     return json += "\n}";
 }
 
 std::string QRCodeData::utf8JSON() const {
     std::string json;
+    json.reserve(usualSize);
     appendUTF8JSON(json, *this);
     return json;
 }
