@@ -31,7 +31,7 @@ constexpr Look enlarged{2, nullptr};
 constexpr std::array<Look, 4> looks{plain, enlarged, Look{1, softened}, Look{2, sharpened}};
 
 // Any look but the plain one is at no more pixels than these.
-constexpr double manyPixels = 4e6;
+constexpr double manyPixels = 2e6;
 // A larger picture is made smaller; no code needs so many.
 constexpr double mostPixels = 5e7;
 
@@ -88,13 +88,12 @@ class CodeFinder {
 
     std::vector<ImageCode> find() {
         searchInAllWays({0, 0, picture_.width, picture_.height});
-        searchLikelyPlaces();
+        std::vector<LikelyCode> unread = searchLikelyPlaces();
         // Where there are several codes, there may be more.
-        if (codes_.size() != 1 || !likelyPlaces().empty()) {
-            searchTiles();
-            searchLikelyPlaces();
+        if ((codes_.size() != 1 || !unread.empty()) && searchTiles()) {
+            unread = searchLikelyPlaces();
         }
-        for (const LikelyCode& likely : likelyPlaces()) {
+        for (const LikelyCode& likely : unread) {
             if (likely.isCertain) {
                 codes_.push_back(
                     {{{}, unreadable, clipped(boxAround(likely.corners), picture_)}, likely.corners});
@@ -141,20 +140,23 @@ class CodeFinder {
         return places;
     }
 
-    void searchLikelyPlaces() {
+    // Returns the places that stay unread.
+    std::vector<LikelyCode> searchLikelyPlaces() {
         constexpr std::size_t mostPlaces = 100;
         std::vector<LikelyCode> places = likelyPlaces();
-        places.resize(std::min(places.size(), mostPlaces));
-        for (const LikelyCode& likely : places) {
-            const PicturePlace place = boxAround(likely.corners);
-            searchInAllWays(clipped(grown(place, (place.width + place.height) / 12), picture_));
+        bool isNew = false;
+        for (std::size_t i = 0; i < std::min(places.size(), mostPlaces); ++i) {
+            const PicturePlace place = boxAround(places[i].corners);
+            isNew |= searchInAllWays(clipped(grown(place, (place.width + place.height) / 12), picture_));
         }
+        return isNew ? likelyPlaces() : places;
     }
 
     // A search in the whole picture misses most of many codes, because it does not know which marks belong
     // together. So it goes on in ever smaller tiles, each of which overlaps the next by its half, until two
-    // sizes have brought nothing new.
-    void searchTiles() {
+    // sizes have brought nothing new. Whether there was something.
+    bool searchTiles() {
+        const std::size_t before = codes_.size();
         int failures = 0;
         for (const int tiles : {2, 3, 5, 7, 11}) {
             failures = searchTiles(tiles) ? 0 : failures + 1;
@@ -162,6 +164,7 @@ class CodeFinder {
                 break;
             }
         }
+        return codes_.size() > before;
     }
 
     bool searchTiles(int tiles) {

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <new>
 
-#define STB_IMAGE_RESIZE_STATIC
-#define STB_IMAGE_RESIZE_IMPLEMENTATION
 #include <stb/stb_image_resize.h>
 
 namespace korvoqr {

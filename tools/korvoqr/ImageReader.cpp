@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <deque>
 #include <exception>
 #include <filesystem>
 #include <new>
@@ -252,25 +253,16 @@ bool isPicture(const fs::path& file) {
                             {bytes.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0))});
 }
 
-// A folder that cannot be opened is added itself, so that its turn brings the message.
-void addPictures(const fs::path& folder, std::vector<std::string>& pictures) {
-    std::error_code error;
+// The entries of a folder that are not hidden, sorted.
+std::vector<fs::path> entriesOf(const fs::path& folder, std::error_code& error) {
     std::vector<fs::path> entries;
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-        entries.push_back(entry->path());
-    }
-    if (error) {
-        pictures.push_back(folder);
-    }
-    std::sort(entries.begin(), entries.end());
-    for (const fs::path& entry : entries) {
-        const bool isHidden = entry.filename().string().front() == '.';
-        if (!isHidden && fs::is_directory(fs::symlink_status(entry, error))) {
-            addPictures(entry, pictures);
-        } else if (!isHidden && fs::is_regular_file(entry, error) && isPicture(entry)) {
-            pictures.push_back(entry);
+        if (entry->path().filename().string().front() != '.') {
+            entries.push_back(entry->path());
         }
     }
+    std::sort(entries.begin(), entries.end());
+    return entries;
 }
 
 }  // namespace
@@ -306,9 +298,24 @@ ImageContent readQRCodes(const std::string& file) {
 
 std::vector<std::string> picturesIn(const std::string& name) {
     std::error_code error;
+    if (!fs::is_directory(name, error)) {
+        return {name};
+    }
     std::vector<std::string> pictures;
-    if (fs::is_directory(name, error)) {
-        addPictures(name, pictures);
+    const std::vector<fs::path> entries = entriesOf(name, error);
+    std::deque<fs::path> left(entries.begin(), entries.end());
+    while (!left.empty()) {
+        const fs::path entry = left.front();
+        left.pop_front();
+        if (fs::is_directory(fs::symlink_status(entry, error))) {
+            const std::vector<fs::path> inside = entriesOf(entry, error);
+            left.insert(left.begin(), inside.begin(), inside.end());
+            if (error) {
+                pictures.push_back(entry);  // its turn brings the message
+            }
+        } else if (fs::is_regular_file(entry, error) && isPicture(entry)) {
+            pictures.push_back(entry);
+        }
     }
     return pictures.empty() ? std::vector{name} : pictures;
 }

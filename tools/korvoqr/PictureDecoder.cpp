@@ -9,13 +9,7 @@
 #include <new>
 #include <stdexcept>
 
-#define STBI_ONLY_PNG
-#define STBI_ONLY_JPEG
-#define STBI_ONLY_GIF
-#define STBI_ONLY_BMP
 #define STBI_NO_STDIO
-#define STB_IMAGE_STATIC
-#define STB_IMAGE_IMPLEMENTATION
 #include <stb/stb_image.h>
 
 #ifdef KORVOQR_WEBP
@@ -37,11 +31,11 @@ constexpr std::int64_t mostPixels = 200'000'000;
 using Decode = DecodedPicture (*)(const std::string& bytes);
 
 struct Format {
-    const char* name;
-    bool (*isFormatOf)(std::string_view head);
-    const char* endings;  // of names, in small letters, each between dots
-    Decode decode;        // null if this build cannot read the format
-    const char* advice;   // for a format that is never read; otherwise null
+    const char* name = nullptr;
+    bool (*isFormatOf)(std::string_view head) = nullptr;
+    const char* endings = nullptr;  // of names, in small letters, each between dots
+    Decode decode = nullptr;        // null if this build cannot read the format
+    const char* advice = nullptr;   // for a format that is never read; otherwise null
     bool needsThread = false;
 };
 
