@@ -103,9 +103,9 @@ void confine() {
     limit(RLIMIT_CPU, mostSeconds);
     limit(RLIMIT_CORE, 0);
     limit(RLIMIT_FSIZE, 0);
-    limit(RLIMIT_NOFILE, 1);  // 0 would make poll fail
-    // A sanitizer reserves more memory than any machine has.
+    // A sanitizer opens pipes, and reserves more memory than any machine has.
     if (!isSanitized) {
+        limit(RLIMIT_NOFILE, 1);  // 0 would make poll fail
         limit(RLIMIT_AS, mostMemory);
     }
 }
