@@ -18,7 +18,7 @@ constexpr std::size_t jsonStringBound(std::size_t size) noexcept {
     return longestEscape * size + 2;
 }
 
-/// The same, written to a place with `jsonStringBound` bytes. Returns the place after it.
+/// Writes the same to a place with room for `jsonStringBound(text.size())` bytes. Returns the place after it.
 char* writeJSONString(char* place, std::string_view text) noexcept;
 
 }  // namespace korvo

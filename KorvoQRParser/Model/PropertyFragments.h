@@ -21,12 +21,11 @@ struct PropertyFragment {
     /// A copy of a size that the compiler knows takes a few instructions and no call, so all pieces have one.
     static constexpr std::size_t capacity = 64;
 
-    template <std::size_t headEnd, std::size_t wholeEnd>
-    constexpr PropertyFragment(const char (&head)[headEnd], const char (&whole)[wholeEnd])
-        : size(static_cast<std::uint8_t>(wholeEnd - 1)), headSize(static_cast<std::uint8_t>(headEnd - 1)) {
-        static_assert(headEnd <= wholeEnd && wholeEnd <= capacity);
-        std::copy(whole, whole + size, bytes.begin());
-        std::copy(head, head + headSize, bytes.begin());
+    /// Does not compile with a piece that is longer than `capacity`.
+    constexpr PropertyFragment(std::string_view head, std::string_view whole)
+        : size(static_cast<std::uint8_t>(whole.size())), headSize(static_cast<std::uint8_t>(head.size())) {
+        std::copy(whole.begin(), whole.end(), bytes.begin());
+        std::copy(head.begin(), head.end(), bytes.begin());
     }
 
     std::array<char, capacity> bytes{};
@@ -43,7 +42,7 @@ using PropertyFragments = std::array<PropertyFragment, qrCodeDataProperties.size
 template <class Value>
 class PropertyWriter {
   public:
-    PropertyWriter(std::string& text, const PropertyFragments& fragments) noexcept
+    PropertyWriter(std::string& text, const PropertyFragments& fragments) noexcept  // NOLINT: see buffer_
         : text_(text), fragments_(fragments) {}
 
     /// Appends the piece of a property. `trueFlag` is the rest of the piece for a flag that is true.
@@ -86,8 +85,8 @@ class PropertyWriter {
 
     std::string& text_;
     const PropertyFragments& fragments_;
-    std::array<char, 4096>
-        buffer_;  // NOLINT(cppcoreguidelines-pro-type-member-init): written before it is read
+    /// Not initialised, because it is written before it is read.
+    std::array<char, 4096> buffer_;
     char* out_ = buffer_.data();
 };
 
