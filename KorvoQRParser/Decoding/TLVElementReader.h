@@ -83,6 +83,23 @@ inline constexpr TLVFormat twoDigitFormat{2, 10, 1};
 /// The format of all other payloads. Its tags and lengths may be written in either letter case.
 inline constexpr TLVFormat oneCharacterFormat{1, 36, 0};
 
+namespace detail {
+
+// The numbers of the tag and the length at the beginning of an element of plain characters. The length is too
+// small or too large for every text if one of the two is no number.
+template <const TLVFormat& shape>
+[[gnu::always_inline]] inline TwoNumbers plainHead(const char* bytes) noexcept {
+    if constexpr (shape.fieldWidth == 2) {
+        return twoNumbers(bytes);
+    } else {
+        const int length = digitValue(bytes[1]);
+        return {static_cast<unsigned char>(asciiLowerCase(bytes[0])),
+                length < shape.lengthRadix ? static_cast<std::size_t>(length) : std::string_view::npos};
+    }
+}
+
+}  // namespace detail
+
 /// One element, as views into the text that it was read from.
 struct TLVElement {
     std::string_view tag;     ///< as written
@@ -107,9 +124,11 @@ class TLVElementReader {
     /// The unread text. After a fault it begins after the parts of the element that were read.
     std::string_view rest() const noexcept { return characters_.rest(); }
 
-    /// Takes the next element if it is in the two-digit format, has only plain characters and nothing wrong,
-    /// as nearly all have, and returns the number of its tag. Otherwise takes nothing and returns a negative
-    /// number; then `next` takes it or tells the fault. Only for the two-digit format.
+    /// Takes the next element if it has only plain characters and nothing wrong, as nearly all have, and
+    /// returns the number of its tag: of two digits, or of one ASCII character. Otherwise takes nothing and
+    /// returns a negative number; then `next` takes it or tells the fault. `shape` is the reader's format,
+    /// as a constant.
+    template <const TLVFormat& shape>
     [[nodiscard]] int takePlain(TLVElement& element) noexcept;
 
     /// Reads the next element into `element`. Returns the fault, InvalidTagLength or RepeatedTag; absent on
@@ -155,20 +174,22 @@ class TLVElementReader {
     return std::nullopt;
 }
 
+template <const TLVFormat& shape>
 [[gnu::always_inline]] inline int TLVElementReader::takePlain(TLVElement& element) noexcept {
-    constexpr std::size_t headSize = 4;
+    constexpr std::size_t width = shape.fieldWidth;
     const std::string_view plain = characters_.plainRest();
-    if (plain.size() < headSize) {
+    if (plain.size() < 2 * width) {
         return -1;
     }
-    const auto [tag, length] = detail::twoNumbers(plain.data());
-    if (length == 0 || length > plain.size() - headSize || seenTags_[tag]) {
+    const auto [tag, length] = detail::plainHead<shape>(plain.data());
+    if (length < static_cast<std::size_t>(shape.minimumLength) || length > plain.size() - 2 * width ||
+        seenTags_[tag]) {
         return -1;
     }
     seenTags_[tag] = true;
     const char* const begin = plain.data();
-    element = {{begin, 2}, {begin + 2, 2}, {{begin + headSize, length}, length}};
-    characters_.takePlain(headSize + length);
+    element = {{begin, width}, {begin + width, width}, {{begin + 2 * width, length}, length}};
+    characters_.takePlain(2 * width + length);
     return static_cast<int>(tag);
 }
 

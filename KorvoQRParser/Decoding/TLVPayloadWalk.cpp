@@ -16,7 +16,7 @@ using Fault = std::optional<TLVFault>;
 // number, or after a fault, which goes to `error`.
 [[gnu::always_inline]] inline int nextTagNumber(TLVElementReader& elements, TLVElement& element,
                                                 TLVDecodingError& error) {
-    const int number = elements.takePlain(element);
+    const int number = elements.takePlain<twoDigitFormat>(element);
     if (number >= 0) {
         return number;
     }
@@ -66,7 +66,9 @@ Fault walkAdditionalDataField(const CountedText& value, TLVVisitor& visitor) {
     TLVElementReader elements(payload, oneCharacterFormat);
     TLVElement element;
     while (!elements.atEnd()) {
-        if (const auto error = elements.next(element)) {
+        const auto error =
+            elements.takePlain<oneCharacterFormat>(element) < 0 ? elements.next(element) : std::nullopt;
+        if (error) {
             return fault(*error, oneCharacterFormat, element, elements.rest(), false);
         }
         const auto tag = payMerchantValidTLV00InEitherCase(element.tag);
