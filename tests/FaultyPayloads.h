@@ -149,7 +149,7 @@ class FaultyPayload : public FaultyText {
         element = part.tag;
         part.value = part.value[0] > '9'
                          ? lowerCase(part.value)
-                         : std::string(ISOCountryCodes::findCurrency(std::stoi(part.value))->letters);
+                         : std::string(ISOCountryCodes::findCurrency(std::stoi(part.value))->letters());
     }
     void missing(const Texts& tags) {
         if (const Part* const part = find(oneOf(tags))) {
@@ -308,7 +308,7 @@ class FaultyPayload : public FaultyText {
     }
     void makeParts() {
         using namespace ISOCountryCodes;
-        const auto number = availableISOCurrencies.at(below(availableISOCurrencies.size())).number;
+        const auto number = availableISOCurrencies.at(below(availableISOCurrencies.size())).number();
         const auto country = availableISOCountries.at(below(availableISOCountries.size()));
         const std::size_t tip = below(15);
         add(100, "00", "01");

@@ -123,8 +123,8 @@ TEST(Rules, CurrencyTable) {
     std::string sum;
     for (int number = -1; number <= 1000; ++number) {
         if (const auto* const currency = ISOCountryCodes::findCurrency(number)) {
-            sum += std::to_string(currency->number) + std::string(currency->letters);
-            EXPECT_EQ(currency->number, number);
+            sum += std::to_string(currency->number()) + std::string(currency->letters());
+            EXPECT_EQ(currency->number(), number);
         }
     }
     EXPECT_EQ(checksum(sum), "A449");

@@ -37,9 +37,9 @@ std::optional<std::string> mendedCountry(std::string_view value) {
 // The number of a currency in letters.
 std::optional<std::string> mendedCurrency(std::string_view value) {
     const std::string upper = upperCase(value);
-    for (const auto& [number, letters] : ISOCountryCodes::availableISOCurrencies) {
-        if (letters == upper) {
-            const std::string digits = std::to_string(number);
+    for (const ISOCountryCodes::Currency& currency : ISOCountryCodes::availableISOCurrencies) {
+        if (currency.letters() == upper) {
+            const std::string digits = std::to_string(currency.number());
             return std::string(3 - digits.size(), '0') + digits;
         }
     }
@@ -169,11 +169,12 @@ class Writer {
         }
         mended_.draft.insert(*better);
         mended_.cost += likely;
-        mended_.causes.push_back(isCountry ? "The country code, " + namedTag(piece.name, "") +
-                                                 ", is written in lower case, " + inQuotes(value) + '.'
-                                           : "The currency code, " + namedTag(piece.name, "") +
-                                                 ", is written in letters, " + inQuotes(value) +
-                                                 "; it must be the number " + *better + '.');
+        const std::string tag = namedTag(piece.name, "");
+        mended_.causes.push_back(
+            isCountry
+                ? joined({"The country code, ", tag, ", is written in lower case, ", inQuotes(value), "."})
+                : joined({"The currency code, ", tag, ", is written in letters, ", inQuotes(value),
+                          "; it must be the number ", *better, "."}));
     }
 
     void writeChecksum(const Piece* piece) {

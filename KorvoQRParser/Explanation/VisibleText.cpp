@@ -111,13 +111,21 @@ std::string withVisibleBytes(std::string_view text) {
     return result.append(text, written);
 }
 
+std::string joined(std::initializer_list<std::string_view> parts) {
+    std::string text;
+    for (const std::string_view part : parts) {
+        text += part;
+    }
+    return text;
+}
+
 std::string capitalised(std::string sentence) {
     sentence[0] = asciiUpperCase(sentence[0]);
     return sentence;
 }
 
 std::string counted(std::size_t count, std::string_view noun) {
-    return std::to_string(count) + ' ' + std::string(noun) + (count == 1 ? "" : "s");
+    return joined({std::to_string(count), " ", noun, count == 1 ? "" : "s"});
 }
 
 }  // namespace korvo

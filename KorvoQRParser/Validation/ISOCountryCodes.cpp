@@ -16,7 +16,7 @@ constexpr std::array<std::uint8_t, numericCodes> makeRowsByNumber() {
     std::array<std::uint8_t, numericCodes> rows{};
     rows.fill(noRow);
     for (std::size_t row = 0; row < availableISOCurrencies.size(); ++row) {
-        rows[static_cast<std::size_t>(availableISOCurrencies[row].number)] = static_cast<std::uint8_t>(row);
+        rows[static_cast<std::size_t>(availableISOCurrencies[row].number())] = static_cast<std::uint8_t>(row);
     }
     return rows;
 }

@@ -8,10 +8,21 @@
 /// The currency and country codes that the rules accept. Lookups may be made from any thread.
 namespace korvo::ISOCountryCodes {
 
-/// A currency of ISO 4217.
-struct Currency {
-    std::int64_t number;       ///< numeric code, 8 for "008"
-    std::string_view letters;  ///< alphabetic code
+/// A currency of ISO 4217. The letters are kept as characters, because a pointer in each row would have to be
+/// relocated whenever the library is loaded.
+class Currency {
+  public:
+    constexpr Currency(std::int16_t number, std::string_view letters)
+        : number_(number), letters_{letters[0], letters[1], letters[2]} {}
+
+    /// The numeric code: 8 for "008".
+    constexpr std::int16_t number() const noexcept { return number_; }
+    /// The alphabetic code.
+    constexpr std::string_view letters() const noexcept { return {letters_.data(), letters_.size()}; }
+
+  private:
+    std::int16_t number_;
+    std::array<char, 3> letters_;
 };
 
 /// The accepted currencies, in the order of their letters. The list is fixed and does not follow ISO 4217. It
