@@ -17,7 +17,7 @@ using Facts = QRCodeExplanation::Facts;
 std::string causeOf(const QRCodeViolation& violation, std::string_view tag) {
     std::string sentence(violation.meaning());
     sentence.pop_back();
-    sentence += " (tag " + std::string(tag);
+    sentence += joined({" (tag ", tag});
     sentence += violation.fact().empty() ? "" : ": " + violation.fact();
     return sentence += ").";
 }
@@ -55,9 +55,9 @@ std::string accountsInstead(const std::vector<QRCodeElement>& elements) {
             list += (list.empty() ? "" : ", ") + element.name();
         }
     }
-    return list.empty()
-               ? ""
-               : " The payload has tag " + list + " instead, which names an account of another scheme.";
+    return list.empty() ? ""
+                        : joined({" The payload has tag ", list,
+                                  " instead, which names an account of another scheme."});
 }
 
 std::string causeOfMissing(const Facts& facts) {
@@ -69,7 +69,7 @@ std::string causeOfMissing(const Facts& facts) {
         sentence += sentence.empty() ? "" : " ";
         sentence += violation.meaning();
         sentence.pop_back();
-        sentence += " (tag " + std::string(isTwoDigit ? entry.twoDigitTag : entry.oneCharacterTag) + ").";
+        sentence += joined({" (tag ", isTwoDigit ? entry.twoDigitTag : entry.oneCharacterTag, ")."});
         isIdentifierMissing =
             isIdentifierMissing || violation.code() == KorvoErrorConstants::merchantIdNotPresent;
     }
@@ -92,9 +92,9 @@ bool mayBeCut(const Facts& facts) {
 std::vector<std::string> causesOfRules(const Facts& facts, const Diagnosis& diagnosis) {
     std::vector<std::string> causes;
     if (mayBeCut(facts)) {
-        causes.push_back("The text ends after " +
-                         namedTag(facts.elements.back().name(), facts.elements.back().meaning()) +
-                         "; it may be cut. " + causeOfMissing(facts));
+        causes.push_back(joined({"The text ends after ",
+                                 namedTag(facts.elements.back().name(), facts.elements.back().meaning()),
+                                 "; it may be cut. ", causeOfMissing(facts)}));
     }
     appendViolations(facts.elements, !diagnosis.causes.empty(), causes);
     if (!facts.missing.empty() && !mayBeCut(facts)) {
@@ -122,8 +122,8 @@ std::optional<std::string> causeOfCut(std::string_view payload, const PayloadWal
         return std::nullopt;
     }
     if (element.tag.empty()) {
-        return "The text ends inside a tag, after " +
-               namedTag(walk.elements.back().name, walk.elements.back().meaning) + ". " + consequence;
+        return joined({"The text ends inside a tag, after ",
+                       namedTag(walk.elements.back().name, walk.elements.back().meaning), ". ", consequence});
     }
     const bool isKnown = isTwoDigit ? payMerchantValidTLV01(element.tag).has_value()
                                     : payMerchantValidTLV00InEitherCase(element.tag).has_value();
@@ -131,7 +131,7 @@ std::optional<std::string> causeOfCut(std::string_view payload, const PayloadWal
         return std::nullopt;
     }
     if (element.length.empty()) {
-        return "The text ends inside the length of " + namedTag(element.tag) + ". " + consequence;
+        return joined({"The text ends inside the length of ", namedTag(element.tag), ". ", consequence});
     }
     const std::int64_t announced = format.readLength(element.length);
     const std::size_t left = characterCount(rest);
@@ -153,8 +153,8 @@ std::string causeOfFault(const QRCodeFault& fault) {
     if (fault.kind() == QRCodeFaultKind::missingChecksum) {
         return std::string(causeOfMissingChecksum);
     }
-    return capitalised(std::string(fault.kindText())) + ": " + fault.reason() + " (offset " +
-           std::to_string(fault.offset()) + ").";
+    return joined({capitalised(std::string(fault.kindText())), ": ", fault.reason(), " (offset ",
+                   std::to_string(fault.offset()), ")."});
 }
 
 }  // namespace

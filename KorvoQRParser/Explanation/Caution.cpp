@@ -72,8 +72,8 @@ MoneyChange compareMoney(std::string_view payload, const PayloadWalk& walk, std:
         change.sentence += namedTag(tag);
         change.sentence += !before && !now ? " is absent"
                            : before == now
-                               ? " reads " + inQuotes(*now) + " before and after"
-                               : " reads " + quoted(before) + " before and " + quoted(now) + " after";
+                               ? joined({" reads ", inQuotes(*now), " before and after"})
+                               : joined({" reads ", quoted(before), " before and ", quoted(now), " after"});
         separator = "; ";
     }
     change.sentence += '.';

@@ -41,8 +41,8 @@ std::string_view nameOf(TLVDecodingError error) {
 
 std::string remaining(std::int64_t count) {
     return count == 0 ? "nothing is left"
-                      : "only " + counted(static_cast<std::size_t>(count), "character") +
-                            (count == 1 ? " is left" : " are left");
+                      : joined({"only ", counted(static_cast<std::size_t>(count), "character"),
+                                (count == 1 ? " is left" : " are left")});
 }
 
 bool isTwoDigit(const TLVFault& fault) {
@@ -56,9 +56,9 @@ Finding repeatedTag(const Elements& elements, const TLVFault& fault) {
                std::equal(tag.begin(), tag.end(), element.element.tag.begin(), element.element.tag.end(),
                           [](char a, char b) { return asciiLowerCase(a) == asciiLowerCase(b); });
     });
-    std::string reason = "tag " + inQuotes(tag) + " is repeated";
+    std::string reason = joined({"tag ", inQuotes(tag), " is repeated"});
     if (first != elements.end()) {
-        reason += "; it first occurs at offset " + std::to_string(first->offset);
+        reason += joined({"; it first occurs at offset ", std::to_string(first->offset)});
     }
     return {Kind::repeatedTag, tag.data(), reason};
 }
@@ -68,12 +68,10 @@ template <std::size_t count>
 std::string boundsOf(const std::array<TagRow, count>& rows) {
     const auto isDigit = [](const TagRow& row) { return row.rawValue[0] <= '9'; };
     const auto firstLetter = std::find_if_not(rows.begin(), rows.end(), isDigit);
-    std::string bounds =
-        std::string(rows.front().rawValue) + " to " + std::string((firstLetter - 1)->rawValue);
+    std::string bounds = joined({rows.front().rawValue, " to ", (firstLetter - 1)->rawValue});
     if (firstLetter != rows.end()) {
         const bool areTwo = firstLetter + 2 == rows.end();
-        bounds += ", " + std::string(firstLetter->rawValue) + (areTwo ? " and " : " to ") +
-                  std::string(rows.back().rawValue);
+        bounds += joined({", ", firstLetter->rawValue, (areTwo ? " and " : " to "), rows.back().rawValue});
     }
     return bounds;
 }
@@ -83,7 +81,7 @@ Finding unknownTag(const TLVFault& fault) {
     const std::string bounds = fault.isInsideAdditionalData ? boundsOf(tlv01SubTagRows)
                                : isTwoDigit(fault)          ? boundsOf(tlv01TagRows)
                                                             : boundsOf(tlv00TagRows);
-    return {Kind::unknownTag, tag.data(), "tag " + inQuotes(tag) + " is unknown; tags are " + bounds};
+    return {Kind::unknownTag, tag.data(), joined({"tag ", inQuotes(tag), " is unknown; tags are ", bounds})};
 }
 
 // All elements are well-formed, but the last one is not the checksum.
@@ -92,12 +90,12 @@ Finding wrongEnd(const Elements& elements, const TLVFault& fault) {
     const auto checksum = std::find_if(elements.begin(), elements.end(), isChecksum);
     if (checksum == elements.end()) {
         return {Kind::missingChecksum, fault.rest.data(),
-                "the payload ends without its checksum, tag " + std::string(checksumTag)};
+                joined({"the payload ends without its checksum, tag ", checksumTag})};
     }
     const std::string_view next = (checksum + 1)->element.tag;
-    return {Kind::checksumNotLast, next.data(),
-            "tag " + inQuotes(next) + " follows the checksum, tag " + std::string(checksumTag) +
-                ", which must be last"};
+    return {
+        Kind::checksumNotLast, next.data(),
+        joined({"tag ", inQuotes(next), " follows the checksum, tag ", checksumTag, ", which must be last"})};
 }
 
 Finding invalidTag(const Elements& elements, const TLVFault& fault) {
@@ -117,13 +115,14 @@ Finding wrongLength(const TLVFault& fault, std::int64_t length, std::int64_t lef
     if (length >= format.minimumLength) {
         const bool isLetter = length > 9 && !isTwoDigit(fault);
         reason += element.length;
-        reason += isLetter ? " (" + std::to_string(length) + ')' : "";
-        reason += ", but " + remaining(left);
+        reason += isLetter ? joined({" (", std::to_string(length), ")"}) : "";
+        reason += joined({", but ", remaining(left)});
     } else if (length == 0) {
-        reason += inQuotes(element.length) + ": a value must not be empty in this format";
+        reason += joined({inQuotes(element.length), ": a value must not be empty in this format"});
     } else {
-        reason += inQuotes(element.length) + " is not " +
-                  (isTwoDigit(fault) ? "a number from 01 to 99" : "a digit of base 36 (0 to 9, a to z)");
+        reason +=
+            joined({inQuotes(element.length), " is not ",
+                    (isTwoDigit(fault) ? "a number from 01 to 99" : "a digit of base 36 (0 to 9, a to z)")});
     }
     return {Kind::wrongLength, element.length.data(), reason};
 }
@@ -153,18 +152,18 @@ Finding wrongShape(const TLVFault& fault) {
     }
     if (error == TLVDecodingError::InvalidLength) {
         return {Kind::tooShort, rest.data(),
-                "a payload has at least " + counted(shortestPayload, "character") + ", but this one has " +
-                    std::to_string(left)};
+                joined({"a payload has at least ", counted(shortestPayload, "character"),
+                        ", but this one has ", std::to_string(left)})};
     }
     if (element.tag.empty()) {
         return {Kind::endsEarly, rest.data(),
-                "a tag takes " + counted(static_cast<std::size_t>(wanted), "character") + ", but " +
-                    remaining(left)};
+                joined({"a tag takes ", counted(static_cast<std::size_t>(wanted), "character"), ", but ",
+                        remaining(left)})};
     }
     if (element.length.empty()) {
         return {Kind::endsEarly, rest.data(),
-                "the length of tag " + inQuotes(element.tag) + " takes " +
-                    counted(static_cast<std::size_t>(wanted), "character") + ", but " + remaining(left)};
+                joined({"the length of tag ", inQuotes(element.tag), " takes ",
+                        counted(static_cast<std::size_t>(wanted), "character"), ", but ", remaining(left)})};
     }
     return wrongLength(fault, format.readLength(element.length), left);
 }
@@ -235,7 +234,7 @@ QRCodeFault explainFault(std::string_view payload, const PayloadWalk& walk) {
     return QRCodeFault(std::make_shared<QRCodeFault::Facts>(QRCodeFault::Facts{
         kind, nameOf(fault.error), offsetOf(position, payload, walk.elements),
         kind == Kind::notText ? std::optional(place) : std::nullopt, tagOf(fault),
-        (fault.isInsideAdditionalData ? "inside tag " + std::string(additionalDataTag) + ", " : "") + reason,
+        (fault.isInsideAdditionalData ? joined({"inside tag ", additionalDataTag, ", "}) : "") + reason,
         std::string(excerptBefore(place, payload, walk.elements)),
         std::string(excerptAfter(place, payload))}));
 }

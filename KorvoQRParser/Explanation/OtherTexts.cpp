@@ -99,7 +99,7 @@ bool isUTF16(std::string_view bytes) {
 bool isBeginningOfCharacter(std::string_view bytes) {
     for (const std::string_view end :
          {"\x80", "\x80\x80", "\x80\x80\x80", "\xBF", "\xBF\x80", "\xBF\x80\x80"}) {
-        const std::string whole = std::string(bytes) + std::string(end);
+        const std::string whole = joined({bytes, end});
         std::size_t offset = 0;
         if (bytes.size() < 4 && nextCodePoint(whole, offset) >= 0 && offset == whole.size()) {
             return true;
@@ -128,7 +128,7 @@ std::string causeOfOtherText(std::string_view text) {
         core.remove_prefix(3);
     }
     const std::string_view kind = kindOf(core);
-    return kind.empty() ? "" : "This is " + std::string(kind) + ", not a payload of this scheme.";
+    return kind.empty() ? "" : joined({"This is ", kind, ", not a payload of this scheme."});
 }
 
 std::string causeOfEncoding(std::string_view bytes) {
@@ -144,14 +144,14 @@ std::string causeOfEncoding(std::string_view bytes) {
     }
     const auto byte = static_cast<unsigned char>(bytes[place]);
     if (isSurrogate(bytes.substr(place))) {
-        return "The text has half of a surrogate pair, which is no character, at byte " +
-               std::to_string(place) + '.';
+        return joined({"The text has half of a surrogate pair, which is no character, at byte ",
+                       std::to_string(place), "."});
     }
-    std::string cause = "The text is not in UTF-8: byte " + std::to_string(place) + " is " +
-                        withVisibleBytes(bytes.substr(place, 1)) + ".";
+    std::string cause = joined({"The text is not in UTF-8: byte ", std::to_string(place), " is ",
+                                withVisibleBytes(bytes.substr(place, 1)), "."});
     constexpr unsigned firstLetterOfLatin1 = 0xA0;
     if (byte >= firstLetterOfLatin1) {
-        cause += " It may be in Latin-1, where this is " + inQuotes(latin1(byte)) + '.';
+        cause += joined({" It may be in Latin-1, where this is ", inQuotes(latin1(byte)), "."});
     }
     return cause;
 }

@@ -79,7 +79,7 @@ class Sentences {
             if (isChanged(piece) && sentences_.size() == before) {
                 addLength(piece);
             } else if (piece.isDuplicate) {
-                add(capitalised(namedTag(piece.name)) + " occurs twice with the same value.");
+                add(joined({capitalised(namedTag(piece.name)), " occurs twice with the same value."}));
             } else if (piece.isBroken) {
                 addBroken(piece);
             } else if (piece.name == checksumTag && isTwoDigit_ && &piece == &pieces.back()) {
@@ -94,12 +94,12 @@ class Sentences {
         const std::size_t length = repairedLength(piece);
         const std::string_view field = text_.between(piece.length, piece.value);
         if (piece.fieldWidth() < piece.length - piece.tag) {
-            add(tag + " has a length of one digit, " + inQuotes(field) + "; lengths have two.");
+            add(joined({tag, " has a length of one digit, ", inQuotes(field), "; lengths have two."}));
             return;
         }
         if (piece.written < 0) {
-            add(tag + " has a length that is no number, " + inQuotes(field) + "; its value has " +
-                counted(length, "character") + '.');
+            add(joined({tag, " has a length that is no number, ", inQuotes(field), "; its value has ",
+                        counted(length, "character"), "."}));
             return;
         }
         for (const LengthUnit unit :
@@ -114,22 +114,22 @@ class Sentences {
 
     void addNumber(const Piece& piece, std::size_t length, const std::string& tag) {
         const bool isTooLong = piece.written > static_cast<std::int64_t>(length);
-        std::string sentence = tag + " has a wrong length: it says " + std::to_string(piece.written) +
-                               ", but the value has " + counted(length, "character") + '.';
+        std::string sentence = joined({tag, " has a wrong length: it says ", std::to_string(piece.written),
+                                       ", but the value has ", counted(length, "character"), "."});
         if (!keepsChecksum_) {
-            sentence += std::string(" Or a character of the value was ") + (isTooLong ? "lost." : "added.");
+            sentence += joined({" Or a character of the value was ", (isTooLong ? "lost." : "added.")});
         }
         add(sentence);
     }
 
     void addUnit(const Piece& piece, LengthUnit unit, bool areAll) {
-        const std::string subject = areAll
-                                        ? "The lengths count " + std::string(nameOf(unit)) +
-                                              " instead of characters: " + namedTag(piece.name) + " says "
-                                        : capitalised(namedTag(piece.name)) + " has a length that counts " +
-                                              std::string(nameOf(unit)) + " instead of characters: it says ";
-        add(subject + std::to_string(piece.written) + ", but the value has " +
-            counted(piece.end - piece.value, "character") + '.');
+        const std::string subject =
+            areAll ? joined({"The lengths count ", nameOf(unit),
+                             " instead of characters: ", namedTag(piece.name), " says "})
+                   : joined({capitalised(namedTag(piece.name)), " has a length that counts ", nameOf(unit),
+                             " instead of characters: it says "});
+        add(joined({subject, std::to_string(piece.written), ", but the value has ",
+                    counted(piece.end - piece.value, "character"), "."}));
     }
 
     void addBroken(const Piece& piece) {
@@ -141,17 +141,17 @@ class Sentences {
         }
         const std::size_t left = count - checksumHead.size();
         if (rest.substr(0, checksumHead.size()) == checksumHead && left < checksumLength) {
-            add(causeOfCutValue(checksumTag, left, checksumLength) + ' ' + std::string(consequenceOfCut));
+            add(joined({causeOfCutValue(checksumTag, left, checksumLength), " ", consequenceOfCut}));
             return;
         }
-        add("The checksum, tag 63, is not 4 characters with the length 04, but " +
-            inQuotes(text_.between(piece.length, text_.count())) + '.');
+        add(joined({"The checksum, tag 63, is not 4 characters with the length 04, but ",
+                    inQuotes(text_.between(piece.length, text_.count())), "."}));
     }
 
     void addWrongChecksumLength(const Piece& piece) {
         const std::size_t count = piece.end - piece.value;
         if (count != checksumLength) {
-            add("The checksum, tag 63, has " + counted(count, "character") + " instead of 4.");
+            add(joined({"The checksum, tag 63, has ", counted(count, "character"), " instead of 4."}));
         }
     }
 
@@ -170,8 +170,8 @@ std::vector<std::string> causesOf(const Characters& text, const Reading& reading
 }
 
 std::string causeOfCutValue(std::string_view tag, std::size_t left, std::size_t announced) {
-    return "The text ends inside tag " + std::string(tag) + "; " + std::to_string(left) + " of " +
-           counted(announced, "character") + (left == 1 ? " is there." : " are there.");
+    return joined({"The text ends inside tag ", tag, "; ", std::to_string(left), " of ",
+                   counted(announced, "character"), (left == 1 ? " is there." : " are there.")});
 }
 
 }  // namespace korvo

@@ -14,29 +14,23 @@ namespace {
 // One bit for each tag of a list.
 using TagSet = std::bitset<tlv01TagRows.size()>;
 
-// The best of the readings that a search finds, which can be thousands.
+// The best of the readings that a search finds, which can be thousands; the likeliest first.
 class Likeliest {
   public:
     // Of two equally likely readings, the one that was found first is better.
     void add(Reading reading) {
         constexpr std::size_t most = 24;
-        if (readings_.size() == most) {
-            const auto worst =
-                std::max_element(readings_.rbegin(), readings_.rend(),
-                                 [](const Reading& a, const Reading& b) { return a.cost < b.cost; });
-            if (reading.cost >= worst->cost) {
-                return;
-            }
-            readings_.erase(worst.base() - 1);
+        const auto place = std::find_if(readings_.begin(), readings_.end(), [&reading](const Reading& other) {
+            return reading.cost < other.cost;
+        });
+        if (place == readings_.end() && readings_.size() == most) {
+            return;
         }
-        readings_.push_back(std::move(reading));
+        readings_.insert(place, std::move(reading));
+        readings_.resize(std::min(readings_.size(), most));
     }
 
-    std::vector<Reading> sorted() {
-        std::stable_sort(readings_.begin(), readings_.end(),
-                         [](const Reading& a, const Reading& b) { return a.cost < b.cost; });
-        return std::move(readings_);
-    }
+    std::vector<Reading> take() { return std::move(readings_); }
 
   private:
     std::vector<Reading> readings_;
@@ -95,7 +89,7 @@ class InsideSearch {
     // With one mistake at most.
     std::vector<Reading> run(std::size_t place) {
         readFrom(place, tolerance_ != Tolerance::none);
-        return found_.sorted();
+        return found_.take();
     }
 
   private:
@@ -158,7 +152,7 @@ class Search {
 
     std::vector<Reading> run() {
         readFrom(0, current_.mistakes, false);
-        return found_.sorted();
+        return found_.take();
     }
 
   private:

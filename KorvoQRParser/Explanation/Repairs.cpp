@@ -272,17 +272,28 @@ class Doctor {
         });
     }
 
+    // Those that the checksum confirms come first, then the likeliest.
+    std::vector<const Candidate*> orderedCandidates() const {
+        std::vector<const Candidate*> ordered;
+        for (const Candidate& candidate : candidates_) {
+            const bool isFirst = isConfirmed(candidate);
+            const auto place = std::find_if(ordered.begin(), ordered.end(), [&](const Candidate* other) {
+                return isFirst != isConfirmed(*other) ? isFirst : candidate.cost < other->cost;
+            });
+            ordered.insert(place, &candidate);
+        }
+        return ordered;
+    }
+
     Diagnosis conclude() {
         constexpr std::size_t mostUnverified = 4;
         vouch();
         dropDoubtful();
-        std::stable_sort(candidates_.begin(), candidates_.end(), [](const auto& a, const auto& b) {
-            const bool first = isConfirmed(a);
-            return first != isConfirmed(b) ? first : a.cost < b.cost;
-        });
+        const std::vector<const Candidate*> ordered = orderedCandidates();
         Diagnosis result;
-        result.leastCost = candidates_.empty() ? Diagnosis().leastCost : candidates_.front().cost;
-        for (const Candidate& candidate : candidates_) {
+        result.leastCost = ordered.empty() ? Diagnosis().leastCost : ordered.front()->cost;
+        for (const Candidate* const each : ordered) {
+            const Candidate& candidate = *each;
             const bool isVouched = result.unverified.empty() && candidate.isVouchedFor;
             if (isVouched) {
                 result.repairs.push_back(repairOf(candidate, ""));

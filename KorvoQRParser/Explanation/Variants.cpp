@@ -54,7 +54,7 @@ std::string listOf(const Characters& text, std::size_t begin, std::size_t end) {
             ++next;
         }
         list += list.empty() ? "" : " and ";
-        list += next - at > 1 ? counted(next - at, stray.name) : "a " + std::string(stray.name);
+        list += next - at > 1 ? counted(next - at, stray.name) : joined({"a ", stray.name});
         at = next;
     }
     return list;
@@ -67,9 +67,9 @@ std::string causeOfTrimming(const Characters& text, std::size_t begin, std::size
     // A list begins with "a" or a number.
     const std::string beginning = (before.empty() ? after : before)[0] == 'a' ? "There is " : "There are ";
     if (before == after) {
-        return beginning + before + " before and after the payload.";
+        return joined({beginning, before, " before and after the payload."});
     }
-    return beginning + (before.empty() ? "" : before + " before the payload") +
+    return beginning + (before.empty() ? "" : joined({before, " before the payload"})) +
            (before.empty() || after.empty() ? "" : ", and ") +
            (after.empty() ? "" : after + (before.empty() ? " after the payload" : " after it")) + '.';
 }
@@ -183,11 +183,11 @@ std::vector<Insertions> insertionsIn(const Characters& text) {
 
 Variant withoutInsertions(const Draft& draft, const Characters& text, const Insertions& insertions) {
     const auto& [name, places] = insertions;
-    const std::string cause = places.size() > 1
-                                  ? "There are " + counted(places.size(), name) + " inside the text that"
-                                  : "There is a " + std::string(name) + " inside the text, at offset " +
-                                        std::to_string(places.front()) + ", which";
-    Variant variant{{}, 0.7, cause + " the lengths do not count.", true};
+    const std::string cause =
+        places.size() > 1 ? joined({"There are ", counted(places.size(), name), " inside the text that"})
+                          : joined({"There is a ", name, " inside the text, at offset ",
+                                    std::to_string(places.front()), ", which"});
+    Variant variant{{}, 0.7, joined({cause, " the lengths do not count."}), true};
     std::size_t begin = 0;
     for (const std::size_t place : places) {
         variant.draft.append(draft, begin, text.byteOf(place));

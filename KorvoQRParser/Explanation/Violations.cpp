@@ -89,10 +89,10 @@ std::string lengthFact(const CountedText& value, Limits::Length limits) {
     const std::size_t characters = value.characterCount();
     const std::string found = characters == 0 ? "empty" : counted(characters, "character");
     if (shortest == longest) {
-        return found + ", exactly " + std::to_string(shortest);
+        return joined({found, ", exactly ", std::to_string(shortest)});
     }
-    return characters < shortest ? found + ", at least " + std::to_string(shortest)
-                                 : found + ", at most " + std::to_string(longest);
+    return characters < shortest ? joined({found, ", at least ", std::to_string(shortest)})
+                                 : joined({found, ", at most ", std::to_string(longest)});
 }
 
 // The first character of the value that is not one of the allowed ones, and what it should be.
@@ -101,7 +101,7 @@ std::string strangerFact(const CountedText& value, bool (*isAllowed)(std::string
     std::string fact;
     forEachCharacter(value, [&](std::string_view character) {
         if (fact.empty() && !isAllowed(character)) {
-            fact = inQuotes(character) + " in " + inQuotes(value.text()) + " is not " + std::string(wanted);
+            fact = joined({inQuotes(character), " in ", inQuotes(value.text()), " is not ", wanted});
         }
     });
     return fact;
@@ -125,7 +125,7 @@ std::string digitsFact(const CountedText& value, Limits::Length limits, bool (*i
 // A value that is refused for its length or for a letter.
 std::string amountLengthFact(const CountedText& value, Limits::Length limits) {
     return isLengthOutside(value, limits) ? lengthFact(value, limits)
-                                          : inQuotes(value.text()) + " contains a letter";
+                                          : joined({inQuotes(value.text()), " contains a letter"});
 }
 
 std::string amountFact(const CountedText& value, std::string_view wanted) {
@@ -134,7 +134,7 @@ std::string amountFact(const CountedText& value, std::string_view wanted) {
     const auto digits = std::count_if(text.begin(), text.end(), [](char c) { return digitValue(c) < 10; });
     const bool isNumber =
         points <= 1 && digits > 0 && static_cast<std::size_t>(points + digits) == text.size();
-    return inQuotes(text) + " is not " + std::string(isNumber ? wanted : "a number");
+    return joined({inQuotes(text), " is not ", isNumber ? wanted : "a number"});
 }
 
 std::string amountCharactersFact(const CountedText& value) {
@@ -154,8 +154,12 @@ std::string checkDigitFact(const CountedText& value) {
         const auto& codes = validator.errorCodes();
         if (std::find(codes.begin(), codes.end(), KorvoErrorConstants::merchantIdInvalidCheckDigit) ==
             codes.end()) {
-            return "the last digit of " + inQuotes(text) + " is " + text.back() + ", the others call for " +
-                   digit;
+            return joined({"the last digit of ",
+                           inQuotes(text),
+                           " is ",
+                           text.substr(text.size() - 1),
+                           ", the others call for ",
+                           {&digit, 1}});
         }
     }
     return inQuotes(text);
@@ -163,13 +167,13 @@ std::string checkDigitFact(const CountedText& value) {
 
 std::string currencyFact(const CountedText& value) {
     const std::string fact = digitsFact(value, Limits::currencyCode, isASCIIDigit);
-    return fact.empty() ? inQuotes(value.text()) + " is not in the list of currencies" : fact;
+    return fact.empty() ? joined({inQuotes(value.text()), " is not in the list of currencies"}) : fact;
 }
 
 std::string countryFact(const CountedText& value) {
     return isLengthOutside(value, Limits::countryCode)
                ? lengthFact(value, Limits::countryCode)
-               : inQuotes(value.text()) + " is not in the list of countries";
+               : joined({inQuotes(value.text()), " is not in the list of countries"});
 }
 
 std::string formatFact(const CountedText& value) {
@@ -284,10 +288,10 @@ std::vector<QRCodeViolation> assignViolations(const std::vector<std::string>& co
         for (WalkedElement* const violator : violators) {
             const CountedText& value = violator->element.value;
             const ErrorCode number = *errorCodeFromText(code);
-            violator->violations.push_back(
-                violation(*entry, number == ErrorCode::crcInvalidValue
-                                      ? inQuotes(value.text()) + ", computed \"" + computedChecksum + '"'
-                                      : factOf(number, value)));
+            violator->violations.push_back(violation(
+                *entry, number == ErrorCode::crcInvalidValue
+                            ? joined({inQuotes(value.text()), ", computed \"", computedChecksum, "\""})
+                            : factOf(number, value)));
         }
         if (violators.empty()) {
             missing.push_back(violation(*entry, ""));

@@ -1,3 +1,4 @@
+#include <KorvoQRParser/Explanation/VisibleText.h>
 #include <KorvoQRParser/Explanation/WalkedElements.h>
 
 #include <utility>
@@ -58,11 +59,12 @@ PayloadWalk::PayloadWalk(std::string_view payload) {
 }
 
 std::string nameInsideAdditionalData(std::string_view subTag) {
-    return std::string(additionalDataTag) + '/' + std::string(subTag);
+    return joined({additionalDataTag, "/", subTag});
 }
 
 std::string namedTag(std::string_view name, std::string_view meaning) {
-    std::string text = "tag " + std::string(name);
+    std::string text = "tag ";
+    text += name;
     if (!meaning.empty()) {
         text += " (";
         // Names such as NPCI keep their letters.
