@@ -2,24 +2,52 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
+#include <string>
+#include <thread>
+#include <vector>
 
-/// Repeats one piece of work, for a tool that counts instructions: korvo_instructions NAME COUNT. Prints the
-/// names when it has no arguments, and the first payload when the argument is --payload.
+namespace {
+
+std::size_t repeat(const korvo::bench::Work& work, long count) {
+    std::size_t sum = 0;
+    for (long left = count; left > 0; --left) {
+        sum += work.run();
+    }
+    return sum;
+}
+
+// Each of the threads repeats the work.
+bool repeat(const korvo::bench::Work& work, long count, long threads) {
+    std::vector<std::thread> others;
+    for (long i = 1; i < threads; ++i) {
+        others.emplace_back([&work, count] { repeat(work, count); });
+    }
+    const bool hasWorked = repeat(work, count) > 0;
+    for (std::thread& other : others) {
+        other.join();
+    }
+    return hasWorked;
+}
+
+}  // namespace
+
+/// Repeats one piece of work, for a tool that counts instructions or takes the time: korvo_instructions NAME
+/// COUNT [THREADS]. Prints the names when it has no arguments, and the first payload when the argument is
+/// --payload.
 int main(int argc, char** argv) {
-    if (argc == 2 && std::strcmp(argv[1], "--payload") == 0) {
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    if (arguments.size() == 1 && arguments[0] == "--payload") {
         std::puts(korvo::bench::cases().front().payload.c_str());
         return 0;
     }
-    std::size_t sum = 0;
+    const bool isCounting = arguments.size() == 2 || arguments.size() == 3;
     for (const korvo::bench::Work& work : korvo::bench::allWork()) {
-        if (argc != 3) {
+        if (!isCounting) {
             std::puts(work.name.c_str());
-        } else if (work.name == argv[1]) {
-            for (long left = std::strtol(argv[2], nullptr, 10); left > 0; --left) {
-                sum += work.run();
-            }
+        } else if (work.name == arguments[0]) {
+            const long threads = arguments.size() == 3 ? std::atol(arguments[2].c_str()) : 1;
+            return repeat(work, std::atol(arguments[1].c_str()), threads) ? 0 : 1;
         }
     }
-    return argc == 3 && sum == 0 ? 1 : 0;
+    return isCounting ? 1 : 0;
 }
