@@ -45,8 +45,8 @@ int main(int argc, char** argv) {
         if (!isCounting) {
             std::puts(work.name.c_str());
         } else if (work.name == arguments[0]) {
-            const long threads = arguments.size() == 3 ? std::atol(arguments[2].c_str()) : 1;
-            return repeat(work, std::atol(arguments[1].c_str()), threads) ? 0 : 1;
+            const long threads = arguments.size() == 3 ? std::strtol(arguments[2].c_str(), nullptr, 10) : 1;
+            return repeat(work, std::strtol(arguments[1].c_str(), nullptr, 10), threads) ? 0 : 1;
         }
     }
     return isCounting ? 1 : 0;
