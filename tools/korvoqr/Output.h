@@ -11,6 +11,9 @@ namespace korvoqr {
 /// a time may write; any thread may ask whether it is closed.
 class Output {
   public:
+    /// From now on, a write fails when the reader has gone, instead of ending the process.
+    Output();
+
     /// Adds a text; writes the collected texts once they are large.
     void write(std::string_view text);
 
