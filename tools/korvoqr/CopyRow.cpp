@@ -1,4 +1,5 @@
 #include "LibraryInternals.h"
+#include "RefusalCodes.h"
 #include "Rendering.h"
 #include "Terminal.h"
 
@@ -77,7 +78,7 @@ void appendCopyRow(std::string& text, const ParsedPayload& parsed, const RunOpti
         return;
     }
     std::string codes;
-    for (const std::string& code : parsed.response.qrCodeError()->errorCodes()) {
+    for (const std::string& code : codesOf(parsed.response)) {
         codes += (codes.empty() ? "" : ",") + code;
     }
     text += "f\t{" + codes + "}\t";
