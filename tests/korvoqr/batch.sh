@@ -27,7 +27,7 @@ for summary in --summary --summary=json; do
     { head -50 batch; sleep 5; } > input &
     # The shell has its commands in the background ignore Ctrl-C.
     perl -e '$SIG{INT} = "DEFAULT"; exec @ARGV' korvoqr parse --format jsonl $summary -i input > answered 2> errors & pid=$!
-    until (($(wc -l < answered) == 50)); do sleep 0.05; done
+    until (($(wc -l < answered) == 50)); do kill -0 $pid; sleep 0.05; done
     kill -INT $pid
     wait $pid && exit 1 || (($? == 130))
     grep -qE '^50 payloads in|^\{"payloads":50,' errors
