@@ -37,23 +37,19 @@ TEST(Words, AreTrimmed) {
 
 TEST(Words, ThatAreCloseAreSuggested) {
     const std::vector<std::string> words{"--format", "--image", "--input", "json", "text", "explain"};
-    const Rows rows{{"--fromat", "--format"},
-                    {"--frmt", "--format"},
-                    {"--forrmaat", "--format"},
-                    {"--formabcd", ""},
-                    {"--imput", "--input"},
-                    {"--i", "--image"},
-                    {"exp", "explain"},
-                    {"ex", ""},
-                    {"txt", "text"},
-                    {"tt", ""},
-                    {"josn", "json"},
-                    {"nosj", ""},
-                    {"jxxn", "json"},
-                    {"", ""},
-                    {std::string(33, 't'), ""}};
-    for (const auto& [typed, meant] : rows) {
-        EXPECT_EQ(closestWord(typed, words), meant) << typed;
+    const std::vector<std::pair<std::string, std::vector<std::string>>> rows{
+        {"--format", {"--fromat", "--frmt", "--forrmaat"}},
+        {"--input", {"--imput"}},
+        {"--image", {"--i"}},
+        {"explain", {"exp", "expaln"}},
+        {"text", {"txt"}},
+        {"json", {"josn", "jxxn"}},
+        {"", {"", "ex", "tt", "nosj", "--formabcd", std::string(33, 't')}},
+    };
+    for (const auto& [meant, mistakes] : rows) {
+        for (const std::string& typed : mistakes) {
+            EXPECT_EQ(closestWord(typed, words), meant) << typed;
+        }
     }
 }
 
@@ -79,22 +75,19 @@ TEST(Words, OfOptionsAreChecked) {
 }
 
 TEST(Words, OfFilesWithoutLinesNameTheirKind) {
-    const Rows rows{{"\x89PNG\r\n", "is a PNG"},
-                    {"<svg ", "is an SVG"},
-                    {"%PDF-1.4", "is a PDF"},
-                    {"\x1F\x8B\x08", "is a gzip file"},
-                    {"\xFF\xFEx", "looks like UTF-16"},
-                    {"\xFE\xFF", "looks like UTF-16"},
-                    {"0\0000\0"s, "looks like UTF-16"},
-                    {"\0000\0000"s, "looks like UTF-16"},
-                    {"0\0000"s, ""},
-                    {"\0\0\0\0"s, ""},
-                    {"0002", ""},
-                    {"", ""},
-                    {"PK", ""}};
-    for (const auto& [bytes, name] : rows) {
-        const auto kind = fileKindOf(bytes);
-        EXPECT_EQ(kind ? kind->name : "", name) << bytes;
+    const std::vector<std::pair<std::string, std::vector<std::string>>> rows{
+        {"is a PNG", {"\x89PNG\r\n"}},
+        {"is an SVG", {"<svg ", "\xEF\xBB\xBF\n<?xml?><svg>"}},
+        {"is a PDF", {"%PDF-1.4"}},
+        {"is a gzip file", {"\x1F\x8B\x08"}},
+        {"looks like UTF-16", {"\xFF\xFEx", "\xFE\xFF", "0\0000\0"s, "\0000\0000"s}},
+        {"", {"", "PK", "0002", "0\0000"s, "\0\0\0\0"s}},
+    };
+    for (const auto& [name, files] : rows) {
+        for (const std::string& bytes : files) {
+            const auto kind = fileKindOf(bytes);
+            EXPECT_EQ(kind ? kind->name : "", name) << bytes;
+        }
     }
     EXPECT_EQ(fileKindOf("0\0000\0"s)->remedy, "iconv -f UTF-16LE -t UTF-8 FILE | korvoqr");
     EXPECT_EQ(fileKindOf("\0000\0000"s)->remedy, "iconv -f UTF-16BE -t UTF-8 FILE | korvoqr");

@@ -31,7 +31,8 @@ Columns columnsOf(const InputOptions& options, const std::vector<std::string>& h
 std::vector<std::string> takeHeader(Records& records, const RecordFormat& format);
 
 /// Replaces the payload of a request, which is a whole record, by the wanted columns. The request then has
-/// views into `columns`. Returns what is wrong with the record, to follow its place; empty if nothing is.
+/// views into `columns`. Returns what is wrong with the record, for a message that begins with its place;
+/// empty if nothing is.
 [[nodiscard]] std::string takeColumns(const Columns& wanted, const RecordFormat& format,
                                       std::vector<std::string>& columns, Request& request);
 

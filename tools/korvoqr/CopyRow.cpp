@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::string_view null = "\\N";
 
-// What a byte is in COPY's text format: itself (0), or a backslash and this letter.
+// The letter after a backslash for a byte in COPY's text format; 0 if the byte needs none.
 constexpr auto escapes = [] {
     std::array<char, 256> letters{};
     letters['\\'] = '\\';

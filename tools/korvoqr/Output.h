@@ -23,7 +23,7 @@ class Output {
     /// Whether the reader has gone or a write has failed, so that the run can stop.
     bool isClosed() const noexcept { return errorNumber_ != 0; }
 
-    /// Prints a message if a write has failed, unless the reader has gone. False if it does.
+    /// Prints a message if a write has failed, unless the reader has gone. False if there is a message.
     [[nodiscard]] bool reportFailure() const;
 
   private:

@@ -168,7 +168,7 @@ class PayloadRun {
             reader.add(std::exchange(isFirst, false) ? begun(*source, bytes) : bytes);
             return isWanted && isGoingOn();
         });
-        // What an interruption cuts through is no record.
+        // An interruption may have cut the last record.
         if (const std::uint64_t line = isGoingOn() ? reader.finish() : 0) {
             throw InputError("the quotation mark in line " + std::to_string(line) +
                              " is never closed, so nothing after it is read; close it");
