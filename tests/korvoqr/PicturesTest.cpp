@@ -65,12 +65,10 @@ TEST(Pictures, OfATurnedSheetAreReadRowByRow) {
                          {100 * column - 15 * row - i % 2 * 5, 100 * row + 15 * column - i % 2 * 5,
                           60 + i % 2 * 10, 60 + i % 2 * 10}});
     }
-    std::vector<int> order{0, 1, 2, 3, 4, 5};
+    std::vector<std::size_t> order{0, 1, 2, 3, 4, 5};
     do {
-        std::vector<ImageCode> codes;
-        for (const int i : order) {
-            codes.push_back(sheet.at(static_cast<std::size_t>(i)));
-        }
+        std::vector<ImageCode> codes(order.size());
+        std::transform(order.begin(), order.end(), codes.begin(), [&](std::size_t i) { return sheet.at(i); });
         std::string names;
         for (const ImageCode& code : inReadingOrder(codes)) {
             names += code.payload;

@@ -25,10 +25,10 @@ TEST(Words, AreTrimmed) {
         {"\xEF\xBB\xBF\"a\"\r", "a"},
         {"\u201Ca\u00BB`\u3000", "a"},
         {"'\u00E9'", "\u00E9"},
-        {" \xFF ", "\xFF"},        // no text
-        {" a\x80 ", "a\x80"},      // a byte that continues nothing
-        {"\xE2\x80", "\xE2\x80"},  // a cut blank
-        {"\xC2\xA0\xA0", "\xA0"},
+        {" \xFF ", "\xFF"},                  // no text
+        {" a\x80 ", "a\x80"},                // a byte that continues nothing
+        {"\xE2\x80", "\xE2\x80"},            // a cut blank
+        {"a\xC2\xA0\xA0", "a\xC2\xA0\xA0"},  // a byte that continues nothing, after a blank
     };
     for (const auto& [text, expected] : rows) {
         EXPECT_EQ(trimmed(text), expected) << text;
@@ -89,8 +89,10 @@ TEST(Words, OfFilesWithoutLinesNameTheirKind) {
             EXPECT_EQ(kind ? kind->name : "", name) << bytes;
         }
     }
-    EXPECT_EQ(fileKindOf("0\0000\0"s)->remedy, "iconv -f UTF-16LE -t UTF-8 FILE | korvoqr");
-    EXPECT_EQ(fileKindOf("\0000\0000"s)->remedy, "iconv -f UTF-16BE -t UTF-8 FILE | korvoqr");
+    EXPECT_EQ(fileKindOf("0\0000\0"s).value_or(FileKind{}).remedy,
+              "iconv -f UTF-16LE -t UTF-8 FILE | korvoqr");
+    EXPECT_EQ(fileKindOf("\0000\0000"s).value_or(FileKind{}).remedy,
+              "iconv -f UTF-16BE -t UTF-8 FILE | korvoqr");
 }
 
 // The hint about some refused lines, which is the same if they come in parts.

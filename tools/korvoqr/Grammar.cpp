@@ -161,22 +161,7 @@ void addRun(CLI::App* command, RunOptions& options, std::string& sink) {
 
 constexpr const char* exitStatus = "Exit status: 0 all accepted, 1 some refused, 2 error.";
 
-}  // namespace
-
-Grammar::Grammar() {
-    app.set_version_flag("--version", "korvoqr " KORVOQR_VERSION, "Print the version");
-    app.footer("Example: korvoqr explain --image sticker.jpg");
-    addParse();
-    addExplain();
-    addCodes();
-    for (CLI::App* const command : {&app, parse, explain, codes}) {
-        command->formatter(std::make_shared<HelpPage>());
-        command->set_help_flag("-h,--help", "Print this help");
-    }
-}
-
-void Grammar::addParse() {
-    RunOptions& options = parseOptions;
+void addParse(CLI::App* parse, RunOptions& options, std::string& summaryWord) {
     parse->footer(exitStatus);
     addInput(parse, options.input);
     addFlag(parse, "--trim", options.input.trim, "Try refused ones without blanks and quotes around");
@@ -187,24 +172,38 @@ void Grammar::addParse() {
     addFlag(parse, "--compact", options.compact, "Leave null and false out of jsonl");
     addFlag(parse, "--reasons", options.reasons, "Give reason and offset for each code in JSON");
     addFlag(parse, "--with-payload", options.withPayload, "Repeat the payload beside its answer");
-    addRun(parse, options, summaryWord_);
+    addRun(parse, options, summaryWord);
 }
 
-void Grammar::addExplain() {
-    explainOptions.isExplaining = true;
+void addExplain(CLI::App* explain, RunOptions& options, std::string& summaryWord) {
+    options.isExplaining = true;
     explain->footer(exitStatus);
-    addInput(explain, explainOptions.input);
-    addFormat(explain, {{"text", Format::text}, {"json", Format::json}}, explainOptions.format,
+    addInput(explain, options.input);
+    addFormat(explain, {{"text", Format::text}, {"json", Format::json}}, options.format,
               "text, json (an object on a line each)");
-    addRun(explain, explainOptions, summaryWord_);
+    addRun(explain, options, summaryWord);
 }
 
-void Grammar::addCodes() {
+void addCodes(CLI::App* codes, CodesOptions& options) {
     codes->footer("Example: korvoqr codes 3 crcInvalidValue");
-    codes->add_option("CODE", codesOptions.codes)->option_text("...");
-    addFormat(codes, {{"text", Format::text}, {"json", Format::json}}, codesOptions.format,
+    codes->add_option("CODE", options.codes)->option_text("...");
+    addFormat(codes, {{"text", Format::text}, {"json", Format::json}}, options.format,
               "text, json (one array)");
-    addColour(codes, codesOptions.colour);
+    addColour(codes, options.colour);
+}
+
+}  // namespace
+
+Grammar::Grammar() {
+    app.set_version_flag("--version", "korvoqr " KORVOQR_VERSION, "Print the version");
+    app.footer("Example: korvoqr explain --image sticker.jpg");
+    addParse(parse, parseOptions, summaryWord);
+    addExplain(explain, explainOptions, summaryWord);
+    addCodes(codes, codesOptions);
+    for (CLI::App* const command : {&app, parse, explain, codes}) {
+        command->formatter(std::make_shared<HelpPage>());
+        command->set_help_flag("-h,--help", "Print this help");
+    }
 }
 
 const CLI::App* Grammar::chosen() const {

@@ -19,18 +19,12 @@ struct Grammar {
     RunOptions parseOptions;
     RunOptions explainOptions;
     CodesOptions codesOptions;
+    std::string summaryWord;  ///< the check of --summary reads it
 
     Grammar();
 
     /// The command among the arguments; null if there is none.
     const CLI::App* chosen() const;
-
-  private:
-    void addParse();
-    void addExplain();
-    void addCodes();
-
-    std::string summaryWord_;
 };
 
 }  // namespace korvoqr

@@ -15,9 +15,8 @@ namespace korvoqr {
 
 namespace {
 
-// The answer to a payload. If it is refused, and the options want it, the answer without the white space and
-// quotes around it counts: when that is accepted, or at least can be split into elements. Tells whether it
-// does.
+// With `trim`, a refused payload is tried without the white space and quotes around it. That answer counts if
+// the payload is then accepted, or can at least be split into elements.
 korvo::QRCodeParserResponse parse(std::string_view payload, bool trim, bool& isTrimmed) {
     auto response = korvo::QRCodeParser::parseQRData(payload);
     isTrimmed = false;
