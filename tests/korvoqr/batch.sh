@@ -24,10 +24,11 @@ done
 # After Ctrl-C come the answers so far, the summary, and the end by that signal; also while no input comes.
 mkfifo input
 for summary in --summary --summary=json; do
-    { head -50 batch; sleep 5; } > input &
+    : > answered  # of the run before
+    { head -50 batch; sleep 5; } 1<> input &  # does not wait for a reader, which may have failed
     # The shell has its commands in the background ignore Ctrl-C.
     perl -e '$SIG{INT} = "DEFAULT"; exec @ARGV' korvoqr parse --format jsonl $summary -i input > answered 2> errors & pid=$!
-    until (($(wc -l < answered) == 50)); do sleep 0.05; done
+    until (($(wc -l < answered) == 50)); do kill -0 $pid; sleep 0.05; done
     kill -INT $pid
     wait $pid && exit 1 || (($? == 130))
     grep -qE '^50 payloads in|^\{"payloads":50,' errors

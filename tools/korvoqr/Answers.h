@@ -1,29 +1,16 @@
 #ifndef KORVOQR_ANSWERS_H
 #define KORVOQR_ANSWERS_H
 
+#include "Commands.h"
 #include "RefusalHints.h"
+#include "Request.h"
 #include "Tally.h"
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace korvoqr {
-
-/// Something that happened several times in a run: how often, and where first.
-struct Occurrences {
-    std::uint64_t count = 0;
-    std::string first;  ///< for a person
-
-    void note(const std::string& place) {
-        if (count++ == 0) {
-            first = place;
-        }
-    }
-    void add(const Occurrences& other) {
-        first = count == 0 ? other.first : first;
-        count += other.count;
-    }
-};
 
 /// The answers to some payloads of a run.
 struct Answers {
@@ -34,15 +21,14 @@ struct Answers {
     Occurrences withoutColumn;  ///< lines that lack a column, or have a quotation mark out of place
     std::uint64_t bytes = 0;    ///< of input
 
+    /// Counts the answer to a payload for the summary and the hints. Accepted payloads have no codes.
+    void count(const Request& request, const std::vector<std::string>& codes, const RunOptions& options);
+
+    /// Begins an answer: in text, an empty line separates it from the one before.
+    void begin(Format format);
+
     /// Forgets everything, and keeps the memory of the text.
-    void clear() {
-        text.clear();
-        tally = {};
-        hints = {};
-        unprintable = {};
-        withoutColumn = {};
-        bytes = 0;
-    }
+    void clear();
 };
 
 }  // namespace korvoqr

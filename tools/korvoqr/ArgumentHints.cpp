@@ -1,6 +1,7 @@
 #include "ArgumentHints.h"
 
 #include "FileKind.h"
+#include "RefusalCodes.h"
 #include "Terminal.h"
 #include <KorvoQRParser/KorvoQRParser.h>
 
@@ -16,9 +17,7 @@ namespace korvoqr {
 namespace {
 
 bool isSplittable(std::string_view text) {
-    const auto response = korvo::QRCodeParser::parseQRData(text);
-    return response.qrCodeError() == nullptr ||
-           response.qrCodeError()->errorCodes().front() != korvo::KorvoErrorConstants::malformedTags;
+    return !isUnsplittable(codesOf(korvo::QRCodeParser::parseQRData(text)));
 }
 
 bool isRegularFile(const std::string& name) {

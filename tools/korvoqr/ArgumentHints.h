@@ -11,11 +11,11 @@ namespace korvoqr {
 /// at least one.
 bool looksLikePayload(const std::vector<std::string>& arguments);
 
-/// For arguments that were refused as payloads, what their writer may have meant: one payload without quotes
-/// around it, or the name of a file. Without a full stop; empty if nothing is known.
+/// A hint for arguments that were refused as payloads, if they may be one payload without quotes around it,
+/// or the name of a file. Without a full stop; empty if there is none.
 std::string argumentHint(const std::vector<std::string>& payloads);
 
-/// The word of a list that somebody who typed another one may have meant; empty if none is close.
+/// The word of a list that is the closest to a mistyped one; empty if none is close.
 std::string closestWord(std::string_view typed, const std::vector<std::string>& words);
 
 }  // namespace korvoqr

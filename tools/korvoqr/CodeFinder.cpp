@@ -238,7 +238,6 @@ class CodeFinder {
 
     // Paints a code white, so that the next search finds those beside it.
     void paintOver(const Found& found) {
-        constexpr std::uint8_t white = 255;
         const PicturePlace& place = found.code.place;
         for (int y = place.y; y < place.y + place.height; ++y) {
             for (int x = place.x; x < place.x + place.width; ++x) {

@@ -5,7 +5,6 @@
 #include <KorvoQRParser/KorvoQRParser.h>
 
 #include <algorithm>
-#include <csignal>
 #include <cstdio>
 #include <optional>
 
@@ -98,7 +97,6 @@ Entries entriesFor(const std::vector<std::string>& codes, std::vector<std::strin
 }  // namespace
 
 ExitStatus runCodes(const CodesOptions& options) {
-    std::signal(SIGPIPE, SIG_IGN);
     std::vector<std::string> unknown;
     const Entries entries = entriesFor(options.codes, unknown);
     Output output;

@@ -40,6 +40,9 @@ struct InputOptions {
     /// Whether the payload is standard input, by the argument "-".
     bool isDash() const { return payloads.size() == 1 && payloads.front() == "-"; }
 
+    /// Whether the payloads are lines, of files or of standard input.
+    bool areLines() const { return images.empty() && (payloads.empty() || isDash()); }
+
     bool hasColumns() const noexcept { return !payloadColumn.empty() || !keyColumn.empty(); }
 };
 

@@ -1,4 +1,5 @@
 #include "LibraryInternals.h"
+#include "RefusalCodes.h"
 #include "Rendering.h"
 #include "Terminal.h"
 
@@ -13,7 +14,7 @@ namespace {
 
 constexpr std::string_view null = "\\N";
 
-// What a byte is in COPY's text format: itself (0), or a backslash and this letter.
+// The letter after a backslash for a byte in COPY's text format; 0 if the byte needs none.
 constexpr auto escapes = [] {
     std::array<char, 256> letters{};
     letters['\\'] = '\\';
@@ -77,7 +78,7 @@ void appendCopyRow(std::string& text, const ParsedPayload& parsed, const RunOpti
         return;
     }
     std::string codes;
-    for (const std::string& code : parsed.response.qrCodeError()->errorCodes()) {
+    for (const std::string& code : codesOf(parsed.response)) {
         codes += (codes.empty() ? "" : ",") + code;
     }
     text += "f\t{" + codes + "}\t";

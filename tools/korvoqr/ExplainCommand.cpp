@@ -1,6 +1,7 @@
 #include "Commands.h"
 #include "ExplanationRendering.h"
 #include "PayloadRun.h"
+#include "RefusalCodes.h"
 
 #include <string>
 
@@ -10,31 +11,44 @@ namespace korvoqr {
 
 namespace {
 
-void answer(const Request& request, const RunOptions& options, const Style& style, Answers& answers) {
-    // A line that was not kept has an empty payload here, which is refused with the same code.
-    const auto explanation = korvo::QRCodeExplainer::explainQRData(request.payload);
-    countAnswer(request, explanation.errorCodes(), options, answers);
-    if (explanation.isAccepted() && options.refusedOnly) {
-        return;
+class Explainer {
+  public:
+    explicit Explainer(const RunOptions& options) : options_(options) {}
+
+    void answer(const Request& request, Answers& answers) const {
+        if (request.isTooLong) {
+            answers.count(request, codesOfTooLong(), options_);
+            append(isText(options_.format) ? textForTooLong(request, options_, style_)
+                                           : jsonForTooLong(request, options_),
+                   answers);
+            return;
+        }
+        const auto explanation = korvo::QRCodeExplainer::explainQRData(request.payload);
+        answers.count(request, explanation.errorCodes(), options_);
+        if (!explanation.isAccepted() || !options_.refusedOnly) {
+            append(isText(options_.format) ? explanationText(explanation, request, style_)
+                                           : explanationJSON(explanation, request, options_),
+                   answers);
+        }
     }
-    if (isText(options.format)) {
-        // An empty line separates two answers.
-        answers.text += answers.text.empty() ? "" : "\n";
-        answers.text += request.isTooLong ? textForTooLong(request, options, style)
-                                          : explanationText(explanation, request, style);
-        return;
+
+  private:
+    void append(const std::string& answer, Answers& answers) const {
+        answers.begin(options_.format);
+        answers.text += isForPerson_ && !isText(options_.format) ? harmlessJSON(answer) : answer;
     }
-    const std::string json =
-        request.isTooLong ? jsonForTooLong(request, options) : explanationJSON(explanation, request, options);
-    answers.text += isTerminal(STDOUT_FILENO) ? harmlessJSON(json) : json;
-}
+
+    const RunOptions& options_;
+    Style style_ = styleOf(STDOUT_FILENO, options_.colour);
+    bool isForPerson_ = isTerminal(STDOUT_FILENO);
+};
 
 }  // namespace
 
 ExitStatus runExplain(const RunOptions& options) {
-    const Style style = styleOf(STDOUT_FILENO, options.colour);
-    return runPayloads(options, [&options, &style](const Request& request, Answers& answers) {
-        answer(request, options, style, answers);
+    const Explainer explainer(options);
+    return runPayloads(options, [&explainer](const Request& request, Answers& answers) {
+        explainer.answer(request, answers);
     });
 }
 

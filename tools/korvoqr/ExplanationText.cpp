@@ -1,5 +1,6 @@
 #include "ExplanationRendering.h"
 #include "LibraryInternals.h"
+#include "RefusalCodes.h"
 #include "RowHead.h"
 
 #include <algorithm>
@@ -64,7 +65,8 @@ class Page {
         if (codes.empty()) {
             text_ += painted(style_, Paint::good, "Accepted");
         } else if (explanation_.fault() != nullptr) {
-            text_ += painted(style_, Paint::fault, "Refused with code 0: it cannot be split into elements");
+            text_ += painted(style_, Paint::fault,
+                             "Refused with code " + codes.front() + ": it cannot be split into elements");
         } else {
             text_ += painted(
                 style_, Paint::fault,
@@ -257,7 +259,9 @@ std::string explanationJSON(const QRCodeExplanation& explanation, const Request&
 
 std::string textForTooLong(const Request& request, const RunOptions& options, const Style& style) {
     return headOf(request, style) +
-           painted(style, Paint::fault, "Refused with code 0: the line is " + reasonForLength(options)) +
+           painted(style, Paint::fault,
+                   "Refused with code " + codesOfTooLong().front() + ": the line is " +
+                       reasonForLength(options)) +
            '\n';
 }
 
@@ -266,7 +270,7 @@ std::string jsonForTooLong(const Request& request, const RunOptions& options) {
     korvo::JSONWriter json(korvo::JSONWriter::Layout::oneLine);
     appendHead(json.beginObject(), request, HeadParts::of(options));
     json.name("payload").null().name("format").null().name("accepted").boolean(false);
-    json.name("errorCodes").beginArray().string(korvo::KorvoErrorConstants::malformedTags).endArray();
+    json.name("errorCodes").beginArray().string(codesOfTooLong().front()).endArray();
     json.name("elements").beginArray().endArray().name("absent").beginArray().endArray();
     json.name("fault").beginObject().name("error").null().name("kind").string("the line is too long");
     json.name("offset").number(0).name("tag").string("").name("reason").string(reason);

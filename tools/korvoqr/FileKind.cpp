@@ -8,7 +8,6 @@
 #include <cstddef>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace korvoqr {
 
@@ -63,10 +62,7 @@ std::optional<FileKind> fileKindOfFile(const std::string& name) {
     if (::stat(name.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
         return std::nullopt;
     }
-    const InputFile file(name);
-    std::array<char, leadingBytes> head{};
-    const ssize_t count = file.descriptor() < 0 ? 0 : ::read(file.descriptor(), head.data(), head.size());
-    return count > 0 ? fileKindOf({head.data(), static_cast<std::size_t>(count)}) : std::nullopt;
+    return fileKindOf(headOfFile(name, leadingBytes));
 }
 
 }  // namespace korvoqr

@@ -7,6 +7,9 @@
 
 namespace korvoqr {
 
+/// The bytes before the text of a file that say that it is UTF-8.
+inline constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
+
 /// A kind of file that holds no payloads as lines.
 struct FileKind {
     std::string name;    ///< "is a PNG", to follow "this"

@@ -9,7 +9,10 @@
 
 namespace korvoqr {
 
-/// A picture in shades of grey, row by row from the top; 0 is black.
+/// The brightest shade of grey; 0 is black.
+inline constexpr std::uint8_t white = 255;
+
+/// A picture in shades of grey, row by row from the top.
 struct Greys {
     std::vector<std::uint8_t> pixels;
     int width = 0;

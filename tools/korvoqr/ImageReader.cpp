@@ -245,14 +245,6 @@ ImageContent noProcess() {
                 std::strerror(errno)};  // NOLINT(concurrency-mt-unsafe): one thread
 }
 
-bool isPicture(const fs::path& file) {
-    std::array<char, leadingBytes> bytes{};
-    const InputFile input("./" / file);
-    const ssize_t count = input.descriptor() < 0 ? 0 : ::read(input.descriptor(), bytes.data(), bytes.size());
-    return looksLikePicture(file.string(),
-                            {bytes.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0))});
-}
-
 // The entries of a folder that are not hidden, sorted.
 std::vector<fs::path> entriesOf(const fs::path& folder, std::error_code& error) {
     std::vector<fs::path> entries;
@@ -313,7 +305,8 @@ std::vector<std::string> picturesIn(const std::string& name) {
             if (error) {
                 pictures.push_back(entry);  // its turn brings the message
             }
-        } else if (fs::is_regular_file(entry, error) && isPicture(entry)) {
+        } else if (fs::is_regular_file(entry, error) &&
+                   looksLikePicture(entry.string(), headOfFile(entry, leadingBytes))) {
             pictures.push_back(entry);
         }
     }

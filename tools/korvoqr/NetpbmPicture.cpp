@@ -9,8 +9,6 @@ namespace korvoqr {
 
 namespace {
 
-constexpr std::uint8_t white = 255;
-
 // Reads the numbers of a picture in the formats of Netpbm, as text or as bytes.
 class NetpbmReader {
   public:

@@ -20,7 +20,7 @@ std::string conflictOfColumns(const InputOptions& input) {
     if (input.payloadColumn.empty()) {
         return "--key needs --payload-column";
     }
-    if ((!input.payloads.empty() && !input.isDash()) || !input.images.empty()) {
+    if (!input.areLines()) {
         return "--payload-column is for lines, from --input or standard input";
     }
     return areNames && !input.header ? "a column is a number from 1, or with --header a name" : "";

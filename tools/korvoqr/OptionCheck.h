@@ -8,7 +8,7 @@
 
 namespace korvoqr {
 
-/// What is wrong with options that do not go together, for a person; empty if nothing is.
+/// The reason why some of the options do not go together, for a person; empty if all do.
 std::string conflictIn(const RunOptions& options);
 
 /// Reads a number from 1 to `most`. Returns what is wrong with the text; empty if nothing is.

@@ -1,6 +1,7 @@
 #include "Output.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
@@ -9,6 +10,10 @@
 #include <unistd.h>
 
 namespace korvoqr {
+
+Output::Output() {
+    std::signal(SIGPIPE, SIG_IGN);
+}
 
 void Output::write(std::string_view text) {
     constexpr std::size_t enough = std::size_t{64} * 1024;

@@ -11,6 +11,9 @@ namespace korvoqr {
 /// a time may write; any thread may ask whether it is closed.
 class Output {
   public:
+    /// From now on, a write fails when the reader has gone, instead of ending the process.
+    Output();
+
     /// Adds a text; writes the collected texts once they are large.
     void write(std::string_view text);
 
@@ -20,7 +23,7 @@ class Output {
     /// Whether the reader has gone or a write has failed, so that the run can stop.
     bool isClosed() const noexcept { return errorNumber_ != 0; }
 
-    /// Prints a message if a write has failed, unless the reader has gone. False if it does.
+    /// Prints a message if a write has failed, unless the reader has gone. False if there is a message.
     [[nodiscard]] bool reportFailure() const;
 
   private:

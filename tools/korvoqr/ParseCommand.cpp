@@ -1,12 +1,13 @@
 #include "Commands.h"
 #include "PayloadRun.h"
+#include "RefusalCodes.h"
 #include "Rendering.h"
 #include "RowHead.h"
 #include "Trimming.h"
 
 #include <memory>
 #include <string>
-#include <vector>
+#include <string_view>
 
 #include <unistd.h>
 
@@ -14,18 +15,8 @@ namespace korvoqr {
 
 namespace {
 
-const std::string& malformed() {
-    static const std::string code(korvo::KorvoErrorConstants::malformedTags);
-    return code;
-}
-
-bool isUnsplittable(const korvo::QRCodeParserResponse& response) {
-    return response.qrCodeError() != nullptr && response.qrCodeError()->errorCodes().front() == malformed();
-}
-
-// The answer to a payload. If it is refused, and the options want it, the answer without the white space and
-// quotes around it counts: when that is accepted, or at least can be split into elements. Tells whether it
-// does.
+// With `trim`, a refused payload is tried without the white space and quotes around it. That answer counts if
+// the payload is then accepted, or can at least be split into elements.
 korvo::QRCodeParserResponse parse(std::string_view payload, bool trim, bool& isTrimmed) {
     auto response = korvo::QRCodeParser::parseQRData(payload);
     isTrimmed = false;
@@ -37,30 +28,26 @@ korvo::QRCodeParserResponse parse(std::string_view payload, bool trim, bool& isT
         return response;
     }
     auto second = korvo::QRCodeParser::parseQRData(inner);
-    isTrimmed = second.qrCodeData() != nullptr || (isUnsplittable(response) && !isUnsplittable(second));
+    isTrimmed = second.qrCodeData() != nullptr ||
+                (isUnsplittable(codesOf(response)) && !isUnsplittable(codesOf(second)));
     return isTrimmed ? second : response;
 }
 
 void answer(const Request& request, const RunOptions& options, bool isForPerson, Answers& answers) {
     ParsedPayload parsed{request, {nullptr, nullptr}};
     if (request.isTooLong) {
-        parsed.response = {nullptr, std::make_shared<korvo::QRCodeError>(std::vector{malformed()})};
+        parsed.response = {nullptr, std::make_shared<korvo::QRCodeError>(codesOfTooLong())};
     } else {
         parsed.response = parse(request.payload, options.input.trim, parsed.isTrimmed);
     }
-    static const std::vector<std::string> none;
-    const auto& error = parsed.response.qrCodeError();
-    countAnswer(request, error ? error->errorCodes() : none, options, answers);
-    if (!error && options.refusedOnly) {
+    answers.count(request, codesOf(parsed.response), options);
+    if (parsed.response.qrCodeData() != nullptr && options.refusedOnly) {
         return;
     }
-    // In text, an empty line separates two answers.
-    if (isText(options.format) && !answers.text.empty()) {
-        answers.text += '\n';
-    }
+    answers.begin(options.format);
     const std::size_t begin = answers.text.size();
     if (!appendAnswer(answers.text, parsed, options)) {
-        answers.unprintable.note(placeOf(request.origin));
+        answers.unprintable.note([&request] { return placeOf(request.origin); });
     }
     if (isForPerson) {
         const std::string harmless = harmlessAnswer(answers.text.substr(begin), options.format);

@@ -1,36 +1,27 @@
 #include "PayloadRun.h"
 
-#include "ArgumentHints.h"
 #include "Batch.h"
 #include "Columns.h"
 #include "ImageReader.h"
 #include "Interruption.h"
-#include "LibraryInternals.h"
 #include "Output.h"
 #include "PayloadInput.h"
 #include "Progress.h"
 #include "RecordReader.h"
 #include "RowHead.h"
-#include "Summary.h"
+#include "RunReport.h"
 
-#include <algorithm>
-#include <cerrno>
-#include <chrono>
-#include <csignal>
 #include <cstdio>
-#include <cstring>
 #include <memory>
 #include <optional>
+#include <string_view>
 #include <utility>
 
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace korvoqr {
 
 namespace {
-
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 // An input that is read as lines.
 struct Source {
@@ -44,25 +35,6 @@ struct Block {
     std::shared_ptr<const Source> source;
 };
 
-std::uint64_t sizeOfFile(const std::string& name) {
-    struct stat status {};
-    const int error = isStandardInput(name) ? ::fstat(STDIN_FILENO, &status) : ::stat(name.c_str(), &status);
-    return error == 0 && S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0;
-}
-
-// The size of all files; 0 if one of them is a pipe or a terminal.
-std::uint64_t sizeOfFiles(const std::vector<std::string>& names) {
-    std::uint64_t size = 0;
-    for (const std::string& name : names) {
-        const std::uint64_t bytes = sizeOfFile(name);
-        if (bytes == 0) {
-            return 0;
-        }
-        size += bytes;
-    }
-    return size;
-}
-
 RecordFormat recordFormatOf(const InputOptions& input) {
     RecordFormat format;
     format.end = input.nullDelimited ? '\0' : '\n';
@@ -72,10 +44,6 @@ RecordFormat recordFormatOf(const InputOptions& input) {
     return format;
 }
 
-std::string reasonOf(int error) {
-    return std::strerror(error);  // NOLINT(concurrency-mt-unsafe): one thread reads
-}
-
 class PayloadRun {
   public:
     PayloadRun(const RunOptions& options, const Responder& respond)
@@ -83,18 +51,16 @@ class PayloadRun {
           respond_(respond),
           format_(recordFormatOf(options.input)),
           files_(options.input.files.empty() ? std::vector<std::string>{"-"} : options.input.files),
-          readsLines_(options.input.images.empty() &&
-                      (options.input.payloads.empty() || options.input.isDash())),
-          progress_(options.progress && readsLines_, readsLines_ ? sizeOfFiles(files_) : 0) {
-        // When the reader has gone, the write fails instead, so the run ends with its ordinary status.
-        std::signal(SIGPIPE, SIG_IGN);
+          progress_(options.progress && options.input.areLines(),
+                    options.input.areLines() ? sizeOfInputs(files_) : 0),
+          report_(options) {
         if (options.summary != SummaryKind::none) {
             Interruption::expect();
         }
     }
 
     ExitStatus run() {
-        if (readsLines_) {
+        if (options_.input.areLines()) {
             answerLines();
         } else {
             answerArguments();
@@ -104,6 +70,8 @@ class PayloadRun {
     }
 
   private:
+    using Blocks = Batch<Block, Answers>;
+
     bool isGoingOn() const { return !output_.isClosed() && Interruption::signal() == 0; }
 
     void answerArguments() {
@@ -149,8 +117,7 @@ class PayloadRun {
         output_.flush();  // on a terminal, the answers before come first
         std::fprintf(stderr, "korvoqr: cannot read %s: %s; type --image FILE with pictures of QR codes\n",
                      placeOf(origin).c_str(), visible(problem).c_str());
-        hasInputError_ = true;
-        ++tally_.unreadable;
+        report_.addUnreadable();
         output_.write(problemRow(origin, problem, options_));
     }
 
@@ -164,90 +131,65 @@ class PayloadRun {
         if (isTerminal(STDIN_FILENO) && isStandardInput(files_.front()) && isTerminal(STDERR_FILENO)) {
             std::fputs("korvoqr: paste a payload, end with Ctrl-D\n", stderr);
         }
-        Batch<Block, Answers> batch(
+        Blocks blocks(
             options_.jobs, [this](const Block& block, Answers& answers) { answerBlock(block, answers); },
             [this](const Answers& answers) {
                 deliver(answers);
                 // The writer of the payloads may be waiting for the answers.
                 output_.flush();
             });
-        for (const std::string& name : files_) {
-            if (isGoingOn()) {
-                readFile(name, batch);
-            }
-        }
-        batch.finish();
-    }
-
-    // Hands the records of a file to the batch.
-    void readFile(const std::string& name, Batch<Block, Answers>& batch) {
-        auto source = std::make_shared<Source>();
-        source->name = files_.size() > 1 ? name : "";
-        bool isHeaderDue = options_.input.header;
-        bool isFirst = true;
-        bool isWanted = true;
-        try {
-            source->columns = isHeaderDue ? Columns() : columnsOf(options_.input, {});
-            RecordReader reader(format_, options_.input.lineLimit, [&](Records records) {
-                if (isHeaderDue) {
-                    source->columns = columnsOf(options_.input, takeHeader(records));
-                    isHeaderDue = false;
+        for (const std::string& file : files_) {
+            try {
+                if (isGoingOn()) {
+                    answerFile(file, blocks);
                 }
-                isWanted = batch.add({std::move(records), source});
-            });
-            const InputFile input(name);
-            const int error =
-                input.descriptor() < 0 ? errno : readChunks(input.descriptor(), [&](auto bytes) {
-                    if (std::exchange(isFirst, false)) {
-                        source->kind = fileKindOf(bytes);
-                        const bool isMarked = format_.delimiter && bytes.substr(0, 3) == byteOrderMark;
-                        bytes.remove_prefix(isMarked ? byteOrderMark.size() : 0);
-                    }
-                    reader.add(bytes);
-                    return isWanted && isGoingOn();
-                });
-            if (error != 0) {
-                throw InputError(reasonOf(error) +
-                                 "; type --input FILE with a file of payloads, one per line");
+            } catch (const InputError& error) {
+                report_.addInputError(file, error);
             }
-            // What an interruption cuts through is no record.
-            if (const std::uint64_t line = isGoingOn() ? reader.finish() : 0) {
-                throw InputError("the quotation mark in line " + std::to_string(line) +
-                                 " is never closed, so nothing after it is read; close it");
+        }
+        blocks.finish();
+    }
+
+    // Has the records of a file answered. Throws InputError.
+    void answerFile(const std::string& file, Blocks& blocks) {
+        auto source = std::make_shared<Source>();
+        source->name = files_.size() > 1 ? file : "";
+        bool isHeaderDue = options_.input.header;
+        source->columns = isHeaderDue ? Columns() : columnsOf(options_.input, {});
+        bool isWanted = true;
+        RecordReader reader(format_, options_.input.lineLimit, [&](Records records) {
+            if (std::exchange(isHeaderDue, false)) {
+                source->columns = columnsOf(options_.input, takeHeader(records, format_));
             }
-        } catch (const InputError& error) {
-            inputErrors_.push_back((isStandardInput(name) ? "standard input" : visible(name)) + ": " +
-                                   error.what());
+            isWanted = blocks.add({std::move(records), source});
+        });
+        bool isFirst = true;
+        readInput(file, [&](std::string_view bytes) {
+            reader.add(std::exchange(isFirst, false) ? begun(*source, bytes) : bytes);
+            return isWanted && isGoingOn();
+        });
+        // An interruption may have cut the last record.
+        if (const std::uint64_t line = isGoingOn() ? reader.finish() : 0) {
+            throw InputError("the quotation mark in line " + std::to_string(line) +
+                             " is never closed, so nothing after it is read; close it");
         }
     }
 
-    // Removes the first record, and returns its columns.
-    std::vector<std::string> takeHeader(Records& records) const {
-        std::vector<std::string> names;
-        RecordScanner scanner(format_);
-        const std::string_view text = records.text;
-        const std::string_view header = text.substr(0, scanner.findEnd(text));
-        if (records.isTooLong || !splitColumns(header, format_, header.size() + 1, names)) {
-            throw InputError(
-                "the header is too long or has a quotation mark out of place; type --max-line or "
-                "--delimiter");
-        }
-        // A file may come from a system whose lines end in CR LF.
-        if (!names.empty() && !names.back().empty() && names.back().back() == '\r') {
-            names.back().pop_back();
-        }
-        records.line += static_cast<std::uint64_t>(std::count(header.begin(), header.end(), format_.end)) + 1;
-        records.text.erase(0, header.size() + 1);
-        return names;
+    // Takes the kind of a file from its first bytes. Returns them without the mark before a table.
+    std::string_view begun(Source& source, std::string_view bytes) const {
+        source.kind = fileKindOf(bytes);
+        const bool isMarked = format_.delimiter && bytes.substr(0, utf8Mark.size()) == utf8Mark;
+        return bytes.substr(isMarked ? utf8Mark.size() : 0);
     }
 
     // Answers the records of a block; on any thread.
     void answerBlock(const Block& block, Answers& answers) const {
         answers.clear();
         answers.bytes = block.records.bytes;
+        const Source& source = *block.source;
         Request request;
-        request.kind = block.source->kind ? &*block.source->kind : nullptr;
-        request.origin.file = block.source->name;
+        request.kind = source.kind ? &*source.kind : nullptr;
+        request.origin.file = source.name;
         if (block.records.isTooLong) {
             request.origin.line = block.records.line;
             request.isTooLong = true;
@@ -259,38 +201,16 @@ class PayloadRun {
             request.payload = record;
             request.origin.line = line;
             const std::string problem =
-                format_.delimiter ? takeColumns(block.source->columns, columns, request) : "";
+                format_.delimiter ? takeColumns(source.columns, format_, columns, request) : "";
             if (problem.empty()) {
                 respond_(request, answers);
-            } else {
-                answers.withoutColumn.note(placeOf(request.origin) + problem);
-                if (request.kind != nullptr) {
-                    answers.hints.note(*request.kind, request.origin.file);
-                }
+                return;
+            }
+            answers.withoutColumn.note([&] { return placeOf(request.origin) + problem; });
+            if (source.kind) {
+                answers.hints.note(*source.kind, source.name);
             }
         });
-    }
-
-    // Takes payload and key out of the record. Returns what is wrong with the record; empty if nothing is.
-    std::string takeColumns(const Columns& wanted, std::vector<std::string>& columns,
-                            Request& request) const {
-        request.origin.key = std::nullopt;
-        if (!splitColumns(request.payload, format_, wanted.last(), columns)) {
-            return " has a quotation mark out of place";
-        }
-        for (const std::size_t column : {wanted.payload, wanted.key}) {
-            if (column > columns.size()) {
-                return " has no column " + std::to_string(column);
-            }
-        }
-        request.payload = columns[wanted.payload - 1];
-        if (wanted.key > 0) {
-            std::string& key = columns[wanted.key - 1];
-            // The last column of a line that ends in CR LF
-            key.resize(key.size() - (!key.empty() && key.back() == '\r' ? 1 : 0));
-            request.origin.key = key;
-        }
-        return {};
     }
 
     void deliver(const Answers& answers) {
@@ -300,12 +220,9 @@ class PayloadRun {
             }
             output_.write(answers.text);
         }
-        tally_.add(answers.tally);
-        hints_.add(answers.hints);
-        unprintable_.add(answers.unprintable);
-        withoutColumn_.add(answers.withoutColumn);
+        report_.add(answers);
         bytes_ += answers.bytes;
-        progress_.update(bytes_, tally_.payloads());
+        progress_.update(bytes_, report_.payloads());
     }
 
     ExitStatus finish() {
@@ -313,144 +230,27 @@ class PayloadRun {
         output_.flush();
         const bool isWritten = output_.reportFailure();
         if (isWritten) {
-            reportInputErrors();
-            giveHints();
+            report_.printInputErrors();
+            report_.printHints();
         }
-        printSummary();
+        report_.printSummary();
         Interruption::endProcess();
-        if (!isWritten || hasInputError_) {
-            return usageOrInputError;
-        }
-        return tally_.rejected.count > 0 && !options_.exitZero ? someRejected : allAccepted;
-    }
-
-    void printSummary() {
-        const auto time = std::chrono::steady_clock::now() - begin_;
-        std::string summary;
-        switch (options_.summary) {
-            case SummaryKind::none:
-                return;
-            case SummaryKind::text:
-                summary = summaryText(tally_, time, styleOf(STDERR_FILENO, options_.colour));
-                break;
-            case SummaryKind::json:
-                summary = summaryJSON(tally_, time);
-                break;
-        }
-        std::fputs(summary.c_str(), stderr);
-    }
-
-    void reportInputErrors() {
-        for (const std::string& error : inputErrors_) {
-            std::fprintf(stderr, "korvoqr: cannot read %s\n", error.c_str());
-            hasInputError_ = true;
-        }
-        if (withoutColumn_.count > 0) {
-            const std::uint64_t others = withoutColumn_.count - 1;
-            const std::string more = others == 0 ? ""
-                                                 : " (and " + grouped(others) +
-                                                       (others == 1 ? " more line is" : " more lines are") +
-                                                       " wrong)";
-            std::fprintf(stderr,
-                         "korvoqr: %s%s; type --payload-column, --key and --delimiter for columns that every "
-                         "line has\n",
-                         withoutColumn_.first.c_str(), more.c_str());
-            hasInputError_ = true;
-        }
-    }
-
-    void giveHints() {
-        if (unprintable_.count > 0) {
-            const bool isOne = unprintable_.count == 1;
-            const std::string payloads = isOne ? unprintable_.first + " is accepted, but its"
-                                               : grouped(unprintable_.count) + " payloads, the first in " +
-                                                     unprintable_.first + ", are accepted, but their";
-            std::fprintf(
-                stderr,
-                "korvoqr: %s JSON is empty because a value is not ASCII; type --format jsonl to see it\n",
-                payloads.c_str());
-        }
-        const std::string hint =
-            readsLines_ ? hints_.sentence(tally_.accepted.count, options_) : hintForArguments();
-        if (!hint.empty()) {
-            std::fprintf(stderr, "korvoqr: %s\n", hint.c_str());
-        }
-    }
-
-    std::string hintForArguments() const {
-        const auto& payloads = options_.input.payloads;
-        const bool isWord = std::find(payloads.begin(), payloads.end(), "json") != payloads.end();
-        return isWord && options_.summary != SummaryKind::none
-                   ? "json is read as a payload; type --summary=json"
-                   : argumentHint(payloads);
+        return isWritten ? report_.status() : usageOrInputError;
     }
 
     const RunOptions& options_;
     const Responder& respond_;
     RecordFormat format_;
     std::vector<std::string> files_;
-    bool readsLines_;
     Progress progress_;
     Output output_;
     bool hasWritten_ = false;
-    bool hasInputError_ = false;
-    std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();
     Answers own_;  // for arguments and pictures
-    Tally tally_;
-    RefusalHints hints_;
-    Occurrences unprintable_;
-    Occurrences withoutColumn_;
-    std::vector<std::string> inputErrors_;  // for a person; printed at the end, when no other thread writes
+    RunReport report_;
     std::uint64_t bytes_ = 0;
 };
 
-// The first example of what a summary counts.
-std::string exampleOf(const Request& request) {
-    constexpr std::size_t longestExample = 4096;  // a QR code holds less
-    korvo::JSONWriter json(korvo::JSONWriter::Layout::oneLine);
-    json.beginObject();
-    appendHead(json, request, {true, request.payload.size() <= longestExample});
-    return json.endObject().takeText();
-}
-
-std::string faultOf(const Request& request, const RunOptions& options) {
-    if (request.isTooLong) {
-        return reasonForLength(options);
-    }
-    const auto explanation = korvo::QRCodeExplainer::describeQRData(request.payload);
-    return explanation.fault() != nullptr ? std::string(explanation.fault()->kindText()) : "";
-}
-
 }  // namespace
-
-void countAnswer(const Request& request, const std::vector<std::string>& codes, const RunOptions& options,
-                 Answers& answers) {
-    const bool keepsExamples = options.summary == SummaryKind::json;
-    const auto count = [&](Count& counted) {
-        if (counted.count++ == 0 && keepsExamples) {
-            counted.example = exampleOf(request);
-        }
-    };
-    if (codes.empty()) {
-        count(answers.tally.accepted);
-        return;
-    }
-    count(answers.tally.rejected);
-    for (const std::string& code : codes) {
-        if (const auto* const entry = korvo::findErrorCatalogueEntry(code)) {
-            count(answers.tally.codes.at(static_cast<std::size_t>(entry - korvo::errorCatalogue.data())));
-        }
-    }
-    const bool isUnsplittable = codes.front() == korvo::KorvoErrorConstants::malformedTags;
-    if (isUnsplittable && keepsExamples) {
-        count(answers.tally.faults[faultOf(request, options)]);
-    }
-    if (request.kind != nullptr) {
-        answers.hints.note(*request.kind, request.origin.file);
-    } else if (!request.isTooLong) {
-        answers.hints.note(request.payload, isUnsplittable);
-    }
-}
 
 ExitStatus runPayloads(const RunOptions& options, const Responder& respond) {
     return PayloadRun(options, respond).run();

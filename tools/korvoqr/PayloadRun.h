@@ -6,8 +6,6 @@
 #include "Request.h"
 
 #include <functional>
-#include <string>
-#include <vector>
 
 namespace korvoqr {
 
@@ -18,10 +16,6 @@ using Responder = std::function<void(const Request&, Answers&)>;
 /// order, on standard output. Prints errors, hints and the summary on standard error. Returns the exit
 /// status.
 [[nodiscard]] ExitStatus runPayloads(const RunOptions& options, const Responder& respond);
-
-/// Counts an answer for the summary and the hints.
-void countAnswer(const Request& request, const std::vector<std::string>& codes, const RunOptions& options,
-                 Answers& answers);
 
 }  // namespace korvoqr
 

@@ -23,8 +23,6 @@ namespace korvoqr {
 
 namespace {
 
-constexpr std::uint8_t white = 255;
-
 // A small file may claim a size that fills the memory; no camera makes pictures of this size.
 constexpr std::int64_t mostPixels = 200'000'000;
 

@@ -6,13 +6,12 @@
 #include <KorvoQRParser/KorvoQRParser.h>
 
 #include <algorithm>
+#include <functional>
 #include <vector>
 
 namespace korvoqr {
 
 namespace {
-
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 bool isAccepted(std::string_view payload) {
     return korvo::QRCodeParser::parseQRData(payload).qrCodeData() != nullptr;
@@ -49,7 +48,7 @@ void RefusalHints::noteSurroundings(std::string_view payload) {
         return text.find_first_of("\"'") != std::string_view::npos;
     };
     countOf(Cause::carriageReturn) += payload.back() == '\r' ? 1U : 0U;
-    countOf(Cause::byteOrderMark) += before.find(byteOrderMark) != std::string_view::npos ? 1U : 0U;
+    countOf(Cause::byteOrderMark) += before.find(utf8Mark) != std::string_view::npos ? 1U : 0U;
     countOf(Cause::quotes) += hasQuote(before) && hasQuote(after) ? 1U : 0U;
     ++countOf(Cause::blanks);
 }

@@ -28,7 +28,7 @@ class RefusalHints {
     void add(const RefusalHints& other);
 
     /// A sentence without a full stop, which names the cause that at least nine of ten refusals share, and
-    /// the remedy. Empty if there is none, or if there are less than three refusals.
+    /// the remedy. Empty if there is none, or if there are fewer than three refusals.
     std::string sentence(std::uint64_t accepted, const RunOptions& options) const;
 
   private:
@@ -49,7 +49,7 @@ class RefusalHints {
 
     std::uint64_t refused_ = 0;
     std::array<std::uint64_t, static_cast<std::size_t>(Cause::count)> counts_{};
-    std::optional<FileKind> kind_;  // of the first such file
+    std::optional<FileKind> kind_;  // of the first file that holds no lines
     std::string file_;
     std::size_t column_ = 0;  // of the first payload among columns, from 1
     char delimiter_ = 0;

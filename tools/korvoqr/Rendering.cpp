@@ -1,6 +1,7 @@
 #include "Rendering.h"
 
 #include "LibraryInternals.h"
+#include "RefusalCodes.h"
 #include "RowHead.h"
 #include "Trimming.h"
 
@@ -41,8 +42,7 @@ void appendViolations(std::vector<Reason>& reasons, const std::vector<korvo::QRC
 std::vector<Reason> reasonsOf(const ParsedPayload& parsed, const RunOptions& options) {
     std::vector<Reason> reasons;
     if (parsed.request.isTooLong) {
-        reasons.push_back(
-            {parsed.response.qrCodeError()->errorCodes().front(), "", reasonForLength(options), {}});
+        reasons.push_back({codesOf(parsed.response).front(), "", reasonForLength(options), {}});
         return reasons;
     }
     const auto explanation = korvo::QRCodeExplainer::describeQRData(parsed.payload());
@@ -98,7 +98,7 @@ void appendMembers(JSONWriter& json, const ParsedPayload& parsed, const RunOptio
 }
 
 std::string errorJSON(const ParsedPayload& parsed, const RunOptions& options, Layout layout) {
-    const auto& codes = parsed.response.qrCodeError()->errorCodes();
+    const auto& codes = codesOf(parsed.response);
     JSONWriter json(layout);
     json.beginObject();
     appendMembers(json, parsed, options);
@@ -182,7 +182,7 @@ void appendDataLine(std::string& text, const ParsedPayload& parsed, const RunOpt
 
 std::string errorText(const ParsedPayload& parsed, const RunOptions& options) {
     std::string text;
-    for (const std::string& code : parsed.response.qrCodeError()->errorCodes()) {
+    for (const std::string& code : codesOf(parsed.response)) {
         const auto* const entry = korvo::findErrorCatalogueEntry(code);
         text += code + ' ' + std::string(nameOf(code));
         if (parsed.request.isTooLong) {

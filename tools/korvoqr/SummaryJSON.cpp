@@ -13,17 +13,17 @@ namespace {
 
 using korvo::JSONWriter;
 
-void appendCount(JSONWriter& json, const Count& count) {
+void appendCount(JSONWriter& json, const Occurrences& count) {
     json.name("count").number(count.count);
     if (count.count > 0) {
-        json.name("first").literal(count.example);
+        json.name("first").literal(count.first);
     }
 }
 
 // Something that was counted: its names and values, and the count.
 struct Row {
     std::vector<std::pair<std::string_view, std::string_view>> members;
-    const Count* count;
+    const Occurrences* count;
 };
 
 void appendRows(JSONWriter& json, std::string_view name, std::vector<Row> rows) {

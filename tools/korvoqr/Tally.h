@@ -11,24 +11,34 @@
 
 namespace korvoqr {
 
-/// How often something occurred, and its first example as a JSON object, if examples are kept.
-struct Count {
+/// How often something happened in a run, and where first.
+struct Occurrences {
     std::uint64_t count = 0;
-    std::string example;
+    std::string first;
 
-    void add(const Count& other) {
-        example = count == 0 ? other.example : example;
+    /// Counts one more. `describe` is called for the first one only.
+    template <class Describe>
+    void note(const Describe& describe) {
+        if (count++ == 0) {
+            first = describe();
+        }
+    }
+
+    /// Adds those of a later part of the run.
+    void add(const Occurrences& other) {
+        first = count == 0 ? other.first : first;
         count += other.count;
     }
 };
 
 /// The number of accepted and of rejected payloads, and how often each code and each kind of fault occurred.
+/// If examples are kept, the first one of each is a JSON object.
 struct Tally {
-    Count accepted;
-    Count rejected;
-    std::array<Count, korvo::errorCatalogue.size()> codes{};  ///< in the catalogue's order
-    std::map<std::string, Count> faults;                      ///< by kind; only counted with examples
-    std::uint64_t unreadable = 0;                             ///< pictures, and codes in pictures
+    Occurrences accepted;
+    Occurrences rejected;
+    std::array<Occurrences, korvo::errorCatalogue.size()> codes{};  ///< in the catalogue's order
+    std::map<std::string, Occurrences> faults;                      ///< by kind; only counted with examples
+    std::uint64_t unreadable = 0;                                   ///< pictures, and codes in pictures
 
     /// Adds those of a later part of the run.
     void add(const Tally& other);
