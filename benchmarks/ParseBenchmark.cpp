@@ -62,7 +62,7 @@ void registerAll() {
     for (const Work& work : allWork()) {
         benchmark::RegisterBenchmark(work.name.c_str(), [work](benchmark::State& state) {
             measure(state, work);
-        })->Repetitions(7);
+        })->Repetitions(40);
     }
     const std::string& oneCharacter = findCase("one-character").payload;
     const std::string& twoDigit = findCase("two-digit, 101 characters").payload;
