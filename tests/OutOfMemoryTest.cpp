@@ -15,12 +15,13 @@ long allocationsLeft = -1;  // negative is no limit
 }
 
 // Not inline, because the compiler would take malloc and delete, or new and free, for a mistake.
-[[gnu::noinline]] void* operator new(std::size_t size) {
-    if (allocationsLeft == 0) {
-        throw std::bad_alloc();
-    }
+[[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    const bool fails = allocationsLeft == 0;
     allocationsLeft -= allocationsLeft > 0 ? 1 : 0;
-    if (void* const memory = std::malloc(size)) {
+    return fails ? nullptr : std::malloc(size);
+}
+[[gnu::noinline]] void* operator new(std::size_t size) {
+    if (void* const memory = operator new(size, std::nothrow)) {
         return memory;
     }
     throw std::bad_alloc();
