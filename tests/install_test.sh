@@ -132,6 +132,11 @@ for kind in "" -static; do
         $(pkg-config --cflags --libs "korvoqrparser$kind")
     LD_LIBRARY_PATH=$prefix/lib bash "$tests/c_test.sh" "$prefix/bin/korvoqr" "$work/face$kind"
 done
+# shellcheck disable=SC2046
+printf '%s\n' '#include <KorvoQRParser/KorvoQRParserC.h>' \
+    'int main(void) { korvoqr_response_free(korvoqr_parse("", 0)); return 0; }' |
+    cc -std=c99 -x c - -x none -o "$work/parses" $(pkg-config --cflags --libs korvoqrparser-static)
+not grep -q Explan <(nm -C "$work/parses")
 needs "$work/face" libKorvoQRParser.so
 not needs "$work/face" libstdc++
 
