@@ -37,6 +37,12 @@ find_package(Threads REQUIRED)
 file(RELATIVE_PATH KORVO_PC_TO_PREFIX
     ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" KORVO_PC_TO_PREFIX "${KORVO_PC_TO_PREFIX}")
+# A program in C that links the static library needs the C++ runtime, which only a C++ compiler adds by itself.
+set(KORVO_PC_CXX_RUNTIME ${CMAKE_CXX_IMPLICIT_LINK_LIBRARIES})
+list(FILTER KORVO_PC_CXX_RUNTIME INCLUDE REGEX "^(std)?c[+][+](abi)?$")
+list(REMOVE_DUPLICATES KORVO_PC_CXX_RUNTIME)
+list(TRANSFORM KORVO_PC_CXX_RUNTIME PREPEND -l)
+list(JOIN KORVO_PC_CXX_RUNTIME " " KORVO_PC_CXX_RUNTIME)
 # Both libraries are in one folder, where -lKorvoQRParser finds the shared one. The static one therefore has a .pc file
 # that names its file.
 foreach(file korvoqrparser.pc korvoqrparser-static.pc)

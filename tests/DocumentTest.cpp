@@ -19,6 +19,8 @@ void expectIn(const std::string& document, const std::string& text) {
 TEST(Documents, SamplesKeepInStep) {
     expectIn("README.md", "```cpp\n" + readFile(KORVOQR_SOURCE_DIR "/examples/pay.cpp") + "```\n");
     expectIn("README.md", "```cpp\n" + readFile(KORVOQR_SOURCE_DIR "/examples/explain.cpp") + "```\n");
+    expectIn("README.md", "```c\n" + readFile(KORVOQR_SOURCE_DIR "/examples/c/pay.c") + "```\n");
+    expectIn("README.md", "```python\n" + readFile(KORVOQR_SOURCE_DIR "/examples/python/pay.py") + "```\n");
     expectIn("README.md", "```objc\n" + readFile(KORVOQR_SOURCE_DIR "/examples/objc/record.m") + "```\n");
     const std::string run = readFile(KORVOQR_SOURCE_DIR "/scripts/run");
     const auto start = run.find("sample='") + 8;

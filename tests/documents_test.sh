@@ -72,7 +72,7 @@ END
 
 # files_named DOCUMENT: the files that its text names, by any end of their path, and the targets of its links.
 files_named() {
-    local files='[A-Za-z0-9_./-]+\.(h|cpp|md|sh|awk|map|in|txt)' scripts='(scripts|\.ci)/[a-z]+' link='[A-Za-z0-9_./-]+'
+    local files='[A-Za-z0-9_./-]+\.(h|c|cpp|py|md|sh|awk|map|in|txt)' scripts='(scripts|\.ci)/[a-z]+' link='[A-Za-z0-9_./-]+'
     sed -n '/^```/,/^```/!p' "$1" | { grep -oE "\`($files|$scripts)|\]\($link\)" || true; } |
         sed 's/^`//; s/^](//; s/)$//' | sort -u
 }
@@ -96,9 +96,9 @@ for document in $documents; do
 done
 
 echo "the rooms know each other in one direction only"
-for arrow in "Decoding/Text Decoding/(?!Text/)|Validation|Parser|Model|Explanation" \
-    "Decoding Validation|Parser|Model|Explanation" "Model Parser|Validation|Decoding/(?!Text/)|Explanation" \
-    "Validation Parser|Model|Explanation" "Parser Explanation"; do
+for arrow in "Decoding/Text Decoding/(?!Text/)|Validation|Parser|Model|Explanation|C/" \
+    "Decoding Validation|Parser|Model|Explanation|C/" "Model Parser|Validation|Decoding/(?!Text/)|Explanation|C/" \
+    "Validation Parser|Model|Explanation|C/" "Parser Explanation|C/" "Explanation C/"; do
     for folder in "$source"/KorvoQRParser/{,include/KorvoQRParser/}"${arrow%% *}"; do
         [[ -d $folder ]] || continue
         if grep -rnP "#include <KorvoQRParser/(${arrow#* })" "$folder"; then

@@ -23,7 +23,13 @@ not grep -rlF --exclude='libKorvoQRParserObjC.*' -e "$work/first" -e "$source/" 
 headers() {
     (cd "$prefix/include" && find KorvoQRParser -type f ! -name '*ObjC*' ! -path '*/ObjectiveC/*' ! -name '*.modulemap') | LC_ALL=C sort
 }
-# interface: lists the installed headers, the sizes of the public classes and the exported symbols
+# declarations: lists those of the header for C, each on one line: enumerators with their numbers, then functions
+declarations() {
+    cc -std=c99 -E -P -I "$prefix/include" -include stdbool.h -include stddef.h -D KORVOQRPARSER_KORVOQRPARSEREXPORT_H \
+        -D KORVO_EXPORT= -x c "$prefix/include/KorvoQRParser/KorvoQRParserC.h" | tr -s ' \n' ' ' |
+        sed 's/[;{}]/&\n/g; s/, KORVOQR/,\nKORVOQR/g; s/_Bool/bool/g' | sed -nE 's/^ *//; s/[,;} ]*$//; /KORVOQR_|korvoqr_.*\(/p'
+}
+# interface: lists the installed headers, the sizes of the public classes, the exported symbols and the C face
 interface() {
     headers
     {
@@ -41,6 +47,7 @@ interface() {
                 s/std::basic_string_view<char, std::char_traits<char> ?>/std::string_view/g
                 s/std::vector<std::string, std::allocator<std::string ?> ?>/std::vector<std::string>/g' |
         LC_ALL=C sort -u
+    declarations
 }
 echo "the interface is the approved one, tests/data/interface.txt"
 interface | diff "$tests/data/interface.txt" -
@@ -51,6 +58,10 @@ for header in $(headers); do
         echo "#include <$header>" | "$each" -std=c++17 -fsyntax-only -Wall -Wextra -Wpedantic -Wconversion -Wshadow \
             -Werror -I "$prefix/include" -x c++ -
     done
+done
+for each in gcc clang; do
+    echo "#include <KorvoQRParser/KorvoQRParserC.h>" | "$each" -std=c99 -pedantic -fsyntax-only -Wall -Wextra -Wconversion \
+        -Wshadow -Werror -I "$prefix/include" -x c -
 done
 
 echo "the names of the shared library"
@@ -113,6 +124,21 @@ uses env LD_LIBRARY_PATH="$prefix/lib" "$work/shared/program"
 "$compiler" -std=c++17 "$tests/consumer/main.cpp" -o "$work/static/program" $(pkg-config --cflags --libs korvoqrparser-static)
 not needs "$work/static/program" libKorvoQRParser
 uses "$work/static/program"
+
+echo "a program in C, without a C++ compiler"
+for kind in "" -static; do
+    # shellcheck disable=SC2046
+    cc -std=c99 -pedantic -Wall -Wextra -Werror "$tests/consumer/face.c" -o "$work/face$kind" \
+        $(pkg-config --cflags --libs "korvoqrparser$kind")
+    LD_LIBRARY_PATH=$prefix/lib bash "$tests/c_test.sh" "$prefix/bin/korvoqr" "$work/face$kind"
+done
+# shellcheck disable=SC2046
+printf '%s\n' '#include <KorvoQRParser/KorvoQRParserC.h>' \
+    'int main(void) { korvoqr_response_free(korvoqr_parse("", 0)); return 0; }' |
+    cc -std=c99 -x c - -x none -o "$work/parses" $(pkg-config --cflags --libs korvoqrparser-static)
+not grep -q Explan <(nm -C "$work/parses")
+needs "$work/face" libKorvoQRParser.so
+not needs "$work/face" libstdc++
 
 if [[ -e $prefix/lib/libKorvoQRParserObjC.a ]]; then
     echo "the Objective-C face"

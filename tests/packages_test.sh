@@ -61,6 +61,9 @@ export PKG_CONFIG_PATH
 # shellcheck disable=SC2046
 c++ -std=c++17 "$1/examples/pay.cpp" -o "$work/pay" $(pkg-config --cflags --libs korvoqrparser)
 grep -q "^Pay 12. to r59" <(LD_LIBRARY_PATH=$root/usr/lib "$work/pay" "$accepted")
+# shellcheck disable=SC2046
+cc -std=c99 "$1/examples/c/pay.c" -o "$work/pay-c" $(pkg-config --cflags --libs korvoqrparser)
+grep -q "^Pay 12. to r59" <(LD_LIBRARY_PATH=$root/usr/lib "$work/pay-c" "$accepted")
 
 echo "removal"
 install --remove korvoqrparser-dev korvoqrparser || { cat "$work/log"; exit 1; }

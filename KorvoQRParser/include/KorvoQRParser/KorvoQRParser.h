@@ -19,7 +19,7 @@
 ///     }
 ///
 /// Start with QRCodeParser. QRCodeData is the record, and QRCodeDataProperties.h lists its properties, and
-/// KorvoErrorConstants.h lists the codes.
+/// KorvoErrorConstants.h lists the codes. KorvoQRParserC.h is the same library for C.
 
 #include <KorvoQRParser/Explanation/QRCodeExplainer.h>
 #include <KorvoQRParser/Explanation/QRCodeExplanation.h>
