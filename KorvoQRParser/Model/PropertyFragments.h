@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -36,59 +37,47 @@ struct PropertyFragment {
 /// The pieces of all properties, in the order of their indices.
 using PropertyFragments = std::array<PropertyFragment, qrCodeDataProperties.size()>;
 
-/// Appends the pieces of properties to a text, by way of a buffer. `Value` says how the value of a text is
-/// written: `bound(size)`, the most bytes that it takes; `write(place, text)`, which returns the place after
-/// it; and `append(string, text)`, for a value that is larger than the buffer.
-template <class Value>
-class PropertyWriter {
-  public:
-    PropertyWriter(std::string& text, const PropertyFragments& fragments) noexcept  // NOLINT: see buffer_
-        : text_(text), fragments_(fragments) {}
-
-    /// Appends the piece of a property. `trueFlag` is the rest of the piece for a flag that is true.
-    void append(const QRCodeData& data, const QRCodeDataPropertyRow& row, std::string_view trueFlag) {
-        const PropertyFragment& fragment = fragments_[static_cast<std::size_t>(row.index)];
-        makeRoom(PropertyFragment::capacity);
-        std::memcpy(out_, fragment.bytes.data(), PropertyFragment::capacity);
-        if (row.isFlag && QRCodeDataAccess::flag(data, row.index)) {
-            out_ = std::copy(trueFlag.begin(), trueFlag.end(), out_ + fragment.headSize);
-        } else if (!row.isFlag && QRCodeDataAccess::text(data, row.index)) {
-            out_ += fragment.headSize;
-            appendValue(*QRCodeDataAccess::text(data, row.index));
+/// Appends the pieces of properties, in this order, to a text. `trueFlag` is the rest of the piece for a flag
+/// that is true. `Value` says how the value of a text is written: `bound(size)`, the most bytes that it
+/// takes; `write(place, text)`, which returns the place after it; and `append(string, text)`, for a value
+/// that is larger than the buffer.
+template <class Value, std::size_t count>
+void appendProperties(std::string& text, const QRCodeData& data, const PropertyFragments& fragments,
+                      const std::array<QRCodeDataProperty, count>& order, std::string_view trueFlag) {
+    // After a value, there is room for the pieces of all properties, so that only values need a look at it.
+    constexpr std::size_t roomForPieces = count * PropertyFragment::capacity;
+    constexpr std::size_t roomForValues = 4096;
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): written before it is read
+    std::array<char, roomForPieces + roomForValues> buffer;
+    char* out = buffer.data();
+    for (const QRCodeDataProperty property : order) {
+        const PropertyFragment& fragment = fragments[static_cast<std::size_t>(property)];
+        std::memcpy(out, fragment.bytes.data(), PropertyFragment::capacity);
+        if (propertyRow(property).isFlag) {
+            const bool isTrue = QRCodeDataAccess::flag(data, property);
+            out = isTrue ? std::copy(trueFlag.begin(), trueFlag.end(), out + fragment.headSize)
+                         : out + fragment.size;
+            continue;
+        }
+        const std::optional<std::string>& value = QRCodeDataAccess::text(data, property);
+        if (!value) {
+            out += fragment.size;
+            continue;
+        }
+        out += fragment.headSize;
+        const std::size_t bound = Value::bound(value->size());
+        if (static_cast<std::size_t>(out - buffer.data()) + bound > roomForValues) {
+            text.append(buffer.data(), out);
+            out = buffer.data();
+        }
+        if (bound > roomForValues) {
+            Value::append(text, *value);
         } else {
-            out_ += fragment.size;
+            out = Value::write(out, *value);
         }
     }
-
-    /// Hands over the rest. Call it after the last piece.
-    void finish() {
-        text_.append(buffer_.data(), out_);
-        out_ = buffer_.data();
-    }
-
-  private:
-    void makeRoom(std::size_t size) {
-        if (static_cast<std::size_t>(buffer_.data() + buffer_.size() - out_) < size) {
-            finish();
-        }
-    }
-
-    void appendValue(std::string_view value) {
-        if (Value::bound(value.size()) > buffer_.size()) {
-            finish();
-            Value::append(text_, value);
-            return;
-        }
-        makeRoom(Value::bound(value.size()));
-        out_ = Value::write(out_, value);
-    }
-
-    std::string& text_;
-    const PropertyFragments& fragments_;
-    /// Not initialised, because it is written before it is read.
-    std::array<char, 4096> buffer_;
-    char* out_ = buffer_.data();
-};
+    text.append(buffer.data(), out);
+}
 
 }  // namespace korvo
 

@@ -120,11 +120,7 @@ struct LineValue {
 }  // namespace
 
 void appendDescription(std::string& text, const QRCodeData& data) {
-    PropertyWriter<LineValue> writer(text, fragments);
-    for (const Property property : lines) {
-        writer.append(data, propertyRow(property), "true\n");
-    }
-    writer.finish();
+    appendProperties<LineValue>(text, data, fragments, lines, "true\n");
 }
 
 std::string QRCodeData::description() const {

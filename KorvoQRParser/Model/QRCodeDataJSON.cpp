@@ -4,6 +4,7 @@
 #include <KorvoQRParser/Model/QRCodeDataRendering.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdio>
 #include <string_view>
@@ -26,6 +27,13 @@ constexpr PropertyFragments oneLineFragments{{KORVO_QRCODEDATA_PROPERTIES(KORVO_
 #undef KORVO_TEXT_MEMBER
 // clang-format on
 
+constexpr auto order = [] {
+    std::array<QRCodeDataProperty, qrCodeDataProperties.size()> properties{};
+    std::transform(qrCodeDataProperties.begin(), qrCodeDataProperties.end(), properties.begin(),
+                   [](const QRCodeDataPropertyRow& row) { return row.index; });
+    return properties;
+}();
+
 constexpr std::size_t usualSize = 2560;
 
 struct JSONValue {
@@ -38,11 +46,7 @@ struct JSONValue {
 void appendMembers(std::string& json, const QRCodeData& data, const PropertyFragments& fragments,
                    std::string_view trueFlag) {
     const std::size_t begin = json.size();
-    PropertyWriter<JSONValue> writer(json, fragments);
-    for (const QRCodeDataPropertyRow& row : qrCodeDataProperties) {
-        writer.append(data, row, trueFlag);
-    }
-    writer.finish();
+    appendProperties<JSONValue>(json, data, fragments, order, trueFlag);
     json[begin] = '{';  // in place of the first comma
 }
 
