@@ -95,6 +95,14 @@ for document in $documents; do
     done
 done
 
+echo "what the example in Python says"
+says() {
+    export LD_LIBRARY_PATH=$HOME/korvoqrparser/lib
+    [[ $(python3 "$source/examples/python/pay.py" "${@:2}" 2>&1 || echo "status $?") == "$1" ]]
+}
+says "Pay any amount to hi" 0g411111111111111112hi24581231M42IN53356
+says $'Refused. The text is empty.\nstatus 1'
+
 echo "the rooms know each other in one direction only"
 for arrow in "Decoding/Text Decoding/(?!Text/)|Validation|Parser|Model|Explanation|C/" \
     "Decoding Validation|Parser|Model|Explanation|C/" "Model Parser|Validation|Decoding/(?!Text/)|Explanation|C/" \

@@ -132,6 +132,9 @@ for kind in "" -static; do
         $(pkg-config --cflags --libs "korvoqrparser$kind")
     LD_LIBRARY_PATH=$prefix/lib bash "$tests/c_test.sh" "$prefix/bin/korvoqr" "$work/face$kind"
 done
+configure "$work/c" -D WAY=c -D VERSION="${version%.*}" > "$work/log" 2>&1
+cmake --build "$work/c" > "$work/log"
+bash "$tests/c_test.sh" "$prefix/bin/korvoqr" "$work/c/consumer"
 # shellcheck disable=SC2046
 printf '%s\n' '#include <KorvoQRParser/KorvoQRParserC.h>' \
     'int main(void) { korvoqr_response_free(korvoqr_parse("", 0)); return 0; }' |

@@ -1,6 +1,7 @@
 # Says whom to pay, or why the payload is refused. Usage: python3 pay.py PAYLOAD
 import ctypes
 import json
+import os
 import sys
 
 korvoqr = ctypes.CDLL("libKorvoQRParser.so.1")
@@ -18,7 +19,7 @@ def ask(make, getter, free, payload):
     return text and json.loads(text)
 
 
-payload = sys.argv[1].encode("utf-8", "surrogateescape")
+payload = os.fsencode(sys.argv[1] if len(sys.argv) > 1 else "")
 record = ask("korvoqr_parse", "korvoqr_response_json", "korvoqr_response_free", payload)
 if record:
     print("Pay", record["transactionAmount"] or "any amount", "to", record["merchantName"])

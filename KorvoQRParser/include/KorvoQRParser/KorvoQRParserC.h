@@ -5,29 +5,31 @@
 /// The library for C, and for every language that calls C.
 ///
 ///     korvoqr_response* response = korvoqr_parse(scanned, strlen(scanned));
-///     const char* name = korvoqr_response_text(response, KORVOQR_PROPERTY_merchantName, NULL);
+///     size_t size;
+///     const char* name = korvoqr_response_text(response, KORVOQR_PROPERTY_merchantName, &size);
 ///     if (name != NULL) {
-///         show(name);
+///         show(name, size);
 ///     }
 ///     korvoqr_response_free(response);
 ///
 /// korvoqr_parse and korvoqr_explain take the text of a scanned QR code and make a handle. All other
-/// functions read a handle, or tell the names and meanings of properties and codes.
+/// functions read a handle, or give the names and meanings of properties and codes.
 ///
-/// Names: a getter is called after its handle and its name in C++, so korvoqr_element_offset is
+/// Names: most getters are called after their handle and their name in C++, so korvoqr_element_offset is
 /// QRCodeElement::offset. An enumerator is called after its enumeration and its name in C++, spelled the
-/// same: KORVOQR_PROPERTY_merchantName. The getter of such a number is called after the enumeration, as in
-/// korvoqr_violation_error_code.
+/// same: KORVOQR_PROPERTY_merchantName. The getter of such a number is called after the enumeration: a code
+/// is a text in korvoqr_violation_code and a number in korvoqr_violation_error_code.
 ///
 /// Texts that go in are a pointer and a size in bytes. Any bytes are allowed, NUL included. A null pointer is
-/// the empty text if the size is 0. With another size it is a mistake of the caller: the result is null, or
-/// that for an unknown name.
+/// the empty text if the size is 0. With another size it is a mistake of the caller: there is no handle then,
+/// and no property or code of that name.
 ///
 /// Texts that come out are UTF-8, unless bytes of the payload in them are not. The pointer is returned, and
-/// the size in bytes is stored in `*size`; `size` may be null. NUL follows the text and is not counted. An
-/// absent text is a null pointer with the size 0; an empty text is another pointer with the size 0. A text
-/// belongs to its handle and is valid until the handle is freed; a text that needs no handle is valid for
-/// ever.
+/// the size in bytes is stored in `*size`; `size` may be null. NUL follows the text and is not counted. A
+/// text of a payload, and the payload of a repair, can also contain NUL; then only the size says where it
+/// ends. An absent text is a null pointer, and its size is 0; an empty text is not null, and its size is 0. A
+/// text belongs to its handle and is valid until the handle is freed; a text that needs no handle is valid
+/// for ever.
 ///
 /// Handles: korvoqr_parse, korvoqr_explain and korvoqr_describe return handles that the caller frees. Parts
 /// of an explanation belong to it and are not freed. A handle never changes. Any number of threads may read
@@ -61,16 +63,19 @@ KORVO_EXPORT const char* korvoqr_version(void);
 
 /// The properties of a record. Their numbers are 0, 1 and so on, in the order of the JSON members; a later
 /// version may add some at the end. Each is a text that may be absent, or a flag. A flag says whether the
-/// consumer must supply a value that the merchant left open. Numbers in parentheses are the tag in the
+/// consumer must supply a value that the merchant left open; a primary or secondary identifier that is left
+/// open is absent. An accepted payload always has korvoMerchantID, korvoMerchantPAN, merchantName,
+/// merchantCategoryCode, cityName, countryCode and currencyCode. Numbers in parentheses are the tag in the
 /// two-digit format and, in quotes, in the one-character format. The comments in QRCodeData.h and
 /// docs/payload-formats.md say more, such as limits.
 ///
 /// To walk over a record:
 ///
 ///     for (int property = 0; property < korvoqr_property_count(); ++property) {
-///         const char* text = korvoqr_response_text(response, property, NULL);
+///         size_t size;
+///         const char* text = korvoqr_response_text(response, property, &size);
 ///         if (text != NULL || korvoqr_response_flag(response, property)) {
-///             show(korvoqr_property_name(property, NULL), text);
+///             show(korvoqr_property_name(property, NULL), text, size);
 ///         }
 ///     }
 typedef enum korvoqr_property {
@@ -260,8 +265,8 @@ KORVO_EXPORT const char* korvoqr_response_description(const korvoqr_response* re
 
 /// All that is known about a payload, accepted or refused. Offsets and lengths count user-perceived
 /// characters (extended grapheme clusters, UAX #29). In sentences (causes, reasons, facts and cautions) texts
-/// of the payload are in quotation marks, with controls and unusual blanks as escapes such as \\x1B or
-/// \\u{202E}; they are still no markup.
+/// of the payload are in quotation marks, with controls and unusual blanks as escapes such as `\x1B` or
+/// `\u{202E}`; they are still no markup.
 typedef struct korvoqr_explanation korvoqr_explanation;
 /// A rule that the payload violates. Belongs to an explanation, as do all parts below.
 typedef struct korvoqr_violation korvoqr_violation;
@@ -300,8 +305,8 @@ typedef enum korvoqr_fault_kind {
 } korvoqr_fault_kind;
 
 /// Explains one payload, as korvoqr_parse takes it, in time linear in its size. Causes and repairs are
-/// guesses, looked for only in texts of up to 8192 bytes; no QR code holds more than 7089 characters. Null if
-/// memory runs out. A program that only parses does not link this.
+/// guesses. The search for them ends at texts of 8192 bytes; no QR code holds more than 7089 characters. Null
+/// if memory runs out. A program that only parses does not link this.
 KORVO_EXPORT korvoqr_explanation* korvoqr_explain(const char* payload, size_t payload_size);
 /// The same without causes, repairs and unverified repairs. They need a search, so this is much faster for a
 /// refused payload.
@@ -311,12 +316,14 @@ KORVO_EXPORT void korvoqr_explanation_free(korvoqr_explanation* explanation);
 
 /// Everything below as one JSON object (RFC 8259, UTF-8) on one line, as `korvoqr explain --format json`
 /// prints it. Bytes of the payload that are not UTF-8 become U+FFFD; `visible` is a member if there are any.
-/// Made at the first call and kept.
+/// NUL is written as `\u0000`, and can be in a repair of a payload without it. Made at the first call and
+/// kept.
 KORVO_EXPORT const char* korvoqr_explanation_json(const korvoqr_explanation* explanation, size_t* size);
 /// The payload, byte for byte.
 KORVO_EXPORT const char* korvoqr_explanation_payload(const korvoqr_explanation* explanation, size_t* size);
-/// The same as UTF-8: bytes that are not UTF-8 are written as \\xHH. If there are any, backslashes are
-/// doubled; otherwise it is the payload. Made at the first call and kept.
+/// The same as UTF-8: bytes that are not UTF-8 are written as `\xHH`. If there are any, backslashes are
+/// doubled; otherwise it is the payload. Controls and direction marks stay as they are. Made at the first
+/// call and kept.
 KORVO_EXPORT const char* korvoqr_explanation_visible(const korvoqr_explanation* explanation, size_t* size);
 /// The format, a number of korvoqr_format.
 KORVO_EXPORT int korvoqr_explanation_format(const korvoqr_explanation* explanation);
@@ -342,8 +349,8 @@ KORVO_EXPORT const korvoqr_violation* korvoqr_explanation_missing(const korvoqr_
                                                                   size_t index);
 /// Why the payload cannot be split; null if it can.
 KORVO_EXPORT const korvoqr_fault* korvoqr_explanation_fault(const korvoqr_explanation* explanation);
-/// The checksum; null for a one-character payload, and for a text without four characters of UTF-8 at its
-/// end.
+/// The checksum; null without four characters of UTF-8 at the end and something before them. A text that is
+/// not in the two-digit format has one only if it cannot be split and contains 6304.
 KORVO_EXPORT const korvoqr_checksum* korvoqr_explanation_checksum(const korvoqr_explanation* explanation);
 /// The number of causes: 0 for an accepted payload, at least 1 for a refused one, unless korvoqr_describe
 /// made the explanation.

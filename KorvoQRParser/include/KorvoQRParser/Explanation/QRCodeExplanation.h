@@ -214,8 +214,8 @@ class KORVO_EXPORT QRCodeExplanation {
     const std::vector<QRCodeViolation>& missing() const noexcept;
     /// Why the payload cannot be split; null if it can.
     const QRCodeFault* fault() const noexcept;
-    /// The checksum; null for a one-character payload, and for a text without four characters of UTF-8 at its
-    /// end.
+    /// The checksum; null without four characters of UTF-8 at the end and something before them. A text that
+    /// is not in the two-digit format has one only if it cannot be split and contains 6304.
     const QRCodeChecksum* checksum() const noexcept;
     /// What probably happened, the likeliest first: sentences for a person. Empty for an accepted payload,
     /// never empty for a refused one, unless describeQRData made the explanation.

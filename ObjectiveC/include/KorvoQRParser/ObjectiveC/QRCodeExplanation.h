@@ -262,7 +262,8 @@ KORVO_EXPORT
 /// Why the payload cannot be split; nil if it can.
 @property(nonatomic, readonly) QRCodeFault* _Nullable fault;
 
-/// The checksum; nil for a one-character payload, and for a text without four characters of UTF-8 at its end.
+/// The checksum; nil without four characters of UTF-8 at the end and something before them. A text that is
+/// not in the two-digit format has one only if it cannot be split and contains 6304.
 @property(nonatomic, readonly) QRCodeChecksum* _Nullable checksum;
 
 /// What probably happened, the likeliest first: sentences for a person. Empty for an accepted payload, never
