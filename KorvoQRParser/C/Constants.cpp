@@ -21,20 +21,10 @@ KORVO_ERROR_CATALOGUE(KORVO_CHECK)
 
 namespace {
 
-// Null for a number that is no property.
-const QRCodeDataPropertyRow* rowOf(int property) {
-    const auto place = static_cast<std::size_t>(property);
-    return place < qrCodeDataProperties.size() ? &qrCodeDataProperties[place] : nullptr;
-}
-
 // Null for a number that is no code of the catalogue.
-const ErrorCatalogueEntry* entryOf(int code) {
-    for (const ErrorCatalogueEntry& entry : errorCatalogue) {
-        if (detail::codeNumber(entry.code) == code) {
-            return &entry;
-        }
-    }
-    return nullptr;
+const ErrorCatalogueEntry* entryOf(int number) {
+    const auto code = static_cast<ErrorCode>(number);  // cut off if it is too large
+    return static_cast<int>(code) == number ? findErrorCatalogueEntry(code) : nullptr;
 }
 
 const char* passMember(int code, std::string_view ErrorCatalogueEntry::*member, std::size_t* size) {
@@ -58,12 +48,12 @@ int korvoqr_property_named(const char* name, size_t name_size) {
 }
 
 const char* korvoqr_property_name(int property, size_t* size) {
-    const QRCodeDataPropertyRow* const row = rowOf(property);
+    const QRCodeDataPropertyRow* const row = c::propertyRowAt(property);
     return c::pass(row == nullptr ? std::string_view() : row->name, size);
 }
 
 bool korvoqr_property_is_flag(int property) {
-    const QRCodeDataPropertyRow* const row = rowOf(property);
+    const QRCodeDataPropertyRow* const row = c::propertyRowAt(property);
     return row != nullptr && row->isFlag;
 }
 

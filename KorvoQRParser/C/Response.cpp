@@ -31,10 +31,6 @@ std::string_view codeAt(const korvoqr_response* response, std::size_t index) {
     return error == nullptr ? std::string_view() : c::textAt(error->errorCodes(), index);
 }
 
-bool isProperty(int property) {
-    return static_cast<std::size_t>(property) < qrCodeDataProperties.size();
-}
-
 }  // namespace
 
 korvoqr_response* korvoqr_parse(const char* payload, size_t payload_size) {
@@ -72,15 +68,15 @@ int korvoqr_response_error_code(const korvoqr_response* response, size_t index) 
 
 const char* korvoqr_response_text(const korvoqr_response* response, int property, size_t* size) {
     const QRCodeData* const data = dataOf(response);
-    const auto text = data != nullptr && isProperty(property)
-                          ? data->text(static_cast<QRCodeDataProperty>(property))
-                          : std::nullopt;
+    const QRCodeDataPropertyRow* const row = c::propertyRowAt(property);
+    const auto text = data != nullptr && row != nullptr ? data->text(row->index) : std::nullopt;
     return c::pass(text.value_or(std::string_view()), size);
 }
 
 bool korvoqr_response_flag(const korvoqr_response* response, int property) {
     const QRCodeData* const data = dataOf(response);
-    return data != nullptr && isProperty(property) && data->flag(static_cast<QRCodeDataProperty>(property));
+    const QRCodeDataPropertyRow* const row = c::propertyRowAt(property);
+    return data != nullptr && row != nullptr && data->flag(row->index);
 }
 
 const char* korvoqr_response_json(const korvoqr_response* response, size_t* size) {

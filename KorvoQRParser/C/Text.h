@@ -1,6 +1,8 @@
 #ifndef KORVOQRPARSER_C_TEXT_H
 #define KORVOQRPARSER_C_TEXT_H
 
+#include <KorvoQRParser/Model/QRCodeDataProperties.h>
+
 #include <atomic>
 #include <cstddef>
 #include <memory>
@@ -23,6 +25,12 @@ inline const char* pass(std::string_view text, std::size_t* size) noexcept {
 /// Whether a caller's pointer and size are a text.
 inline bool isText(const char* bytes, std::size_t size) noexcept {
     return bytes != nullptr || size == 0;
+}
+
+/// The property with a caller's number, or null.
+inline const QRCodeDataPropertyRow* propertyRowAt(int number) noexcept {
+    const auto place = static_cast<std::size_t>(number);
+    return place < qrCodeDataProperties.size() ? &qrCodeDataProperties[place] : nullptr;
 }
 
 /// The part at an index, or null.

@@ -11,19 +11,19 @@ namespace korvo {
 
 namespace {
 
-// One function for the setters of all texts, each of which would have the same code.
-[[gnu::noinline]] void assign(std::optional<std::string>& text, std::optional<std::string>& value) noexcept {
+// Not inlined, because each of the setters would have the same code.
+[[gnu::noinline]] void assign(std::optional<std::string>& text, std::optional<std::string>&& value) noexcept {
     text = std::move(value);
 }
 
 }  // namespace
 
-#define KORVO_TEXT(name, Name)                                                  \
-    const std::optional<std::string>& QRCodeData::name() const noexcept {       \
-        return QRCodeDataAccess::text(*this, QRCodeDataProperty::name);         \
-    }                                                                           \
-    void QRCodeData::set##Name(std::optional<std::string> value) noexcept {     \
-        assign(QRCodeDataAccess::text(*this, QRCodeDataProperty::name), value); \
+#define KORVO_TEXT(name, Name)                                                             \
+    const std::optional<std::string>& QRCodeData::name() const noexcept {                  \
+        return QRCodeDataAccess::text(*this, QRCodeDataProperty::name);                    \
+    }                                                                                      \
+    void QRCodeData::set##Name(std::optional<std::string> value) noexcept {                \
+        assign(QRCodeDataAccess::text(*this, QRCodeDataProperty::name), std::move(value)); \
     }
 #define KORVO_FLAG(name, Name)                                             \
     bool QRCodeData::name() const noexcept {                               \
