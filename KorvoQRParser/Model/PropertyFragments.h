@@ -37,11 +37,24 @@ struct PropertyFragment {
 /// The pieces of all properties, in the order of their indices.
 using PropertyFragments = std::array<PropertyFragment, qrCodeDataProperties.size()>;
 
+/// The layout of a rendering that has the pieces as they are.
+struct PlainPieces {
+    /// Writes a piece, and returns the place of a value in it.
+    static char* write(char* place, const PropertyFragment& fragment) noexcept {
+        std::memcpy(place, fragment.bytes.data(), PropertyFragment::capacity);
+        return place + fragment.headSize;
+    }
+    /// The end of a piece without a value. `place` is that of the value.
+    static char* end(char* place, const PropertyFragment& fragment, bool /*isFlag*/) noexcept {
+        return place + fragment.size - fragment.headSize;
+    }
+};
+
 /// Appends the pieces of properties, in this order, to a text. `trueFlag` is the rest of the piece for a flag
-/// that is true. `Value` says how the value of a text is written: `bound(size)`, the most bytes that it
-/// takes; `write(place, text)`, which returns the place after it; and `append(string, text)`, for a value
-/// that is larger than the buffer.
-template <class Value, std::size_t count>
+/// that is true. `Layout` writes a piece, as PlainPieces does, in at most its capacity. `Value` says how the
+/// value of a text is written: `bound(size)`, the most bytes that it takes; `write(place, text)`, which
+/// returns the place after it; and `append(string, text)`, for a value that is larger than the buffer.
+template <class Value, class Layout = PlainPieces, std::size_t count>
 void appendProperties(std::string& text, const QRCodeData& data, const PropertyFragments& fragments,
                       const std::array<QRCodeDataProperty, count>& order, std::string_view trueFlag) {
     // After a value, there is room for the pieces of all properties, so that only values need a look at it.
@@ -52,19 +65,18 @@ void appendProperties(std::string& text, const QRCodeData& data, const PropertyF
     char* out = buffer.data();
     for (const QRCodeDataProperty property : order) {
         const PropertyFragment& fragment = fragments[static_cast<std::size_t>(property)];
-        std::memcpy(out, fragment.bytes.data(), PropertyFragment::capacity);
+        out = Layout::write(out, fragment);
         if (propertyRow(property).isFlag) {
             const bool isTrue = QRCodeDataAccess::flag(data, property);
-            out = isTrue ? std::copy(trueFlag.begin(), trueFlag.end(), out + fragment.headSize)
-                         : out + fragment.size;
+            out =
+                isTrue ? std::copy(trueFlag.begin(), trueFlag.end(), out) : Layout::end(out, fragment, true);
             continue;
         }
         const std::optional<std::string>& value = QRCodeDataAccess::text(data, property);
         if (!value) {
-            out += fragment.size;
+            out = Layout::end(out, fragment, false);
             continue;
         }
-        out += fragment.headSize;
         const std::size_t bound = Value::bound(value->size());
         if (static_cast<std::size_t>(out - buffer.data()) + bound > roomForValues) {
             text.append(buffer.data(), out);

@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdio>
+#include <cstring>
 #include <string_view>
 
 namespace korvo {
@@ -14,15 +15,9 @@ namespace korvo {
 namespace {
 
 // clang-format off
-#define KORVO_TEXT_MEMBER(name, Name) PropertyFragment{",\n  \"" #name "\": ", ",\n  \"" #name "\": \"nil\""},
-#define KORVO_FLAG_MEMBER(name, Name) PropertyFragment{",\n  \"" #name "\": ", ",\n  \"" #name "\": \"false\""},
-constexpr PropertyFragments indentedFragments{{KORVO_QRCODEDATA_PROPERTIES(KORVO_TEXT_MEMBER, KORVO_FLAG_MEMBER)}};
-#undef KORVO_FLAG_MEMBER
-#undef KORVO_TEXT_MEMBER
-
 #define KORVO_TEXT_MEMBER(name, Name) PropertyFragment{",\"" #name "\":", ",\"" #name "\":null"},
 #define KORVO_FLAG_MEMBER(name, Name) PropertyFragment{",\"" #name "\":", ",\"" #name "\":false"},
-constexpr PropertyFragments oneLineFragments{{KORVO_QRCODEDATA_PROPERTIES(KORVO_TEXT_MEMBER, KORVO_FLAG_MEMBER)}};
+constexpr PropertyFragments members{{KORVO_QRCODEDATA_PROPERTIES(KORVO_TEXT_MEMBER, KORVO_FLAG_MEMBER)}};
 #undef KORVO_FLAG_MEMBER
 #undef KORVO_TEXT_MEMBER
 // clang-format on
@@ -34,6 +29,29 @@ constexpr auto order = [] {
     return properties;
 }();
 
+// jsonOutput has a line for each member, and words instead of null and false. It is made from the same
+// pieces.
+struct IndentedPieces {
+    static constexpr std::string_view begin = ",\n  ";
+    static constexpr std::size_t copied =
+        56;  // bytes of a piece after its comma; a multiple of eight is quick
+
+    static char* write(char* place, const PropertyFragment& fragment) noexcept {
+        std::memcpy(place, begin.data(), begin.size());
+        std::memcpy(place + begin.size(), fragment.bytes.data() + 1, copied);
+        char* const value = place + begin.size() + fragment.headSize;
+        value[-1] = ' ';
+        return value;
+    }
+    static char* end(char* place, const PropertyFragment& /*fragment*/, bool isFlag) noexcept {
+        const std::string_view word = isFlag ? "\"false\"" : "\"nil\"";
+        return std::copy(word.begin(), word.end(), place);
+    }
+};
+static_assert(std::all_of(members.begin(), members.end(), [](const PropertyFragment& member) {
+    return member.headSize <= IndentedPieces::copied;
+}));
+
 constexpr std::size_t usualSize = 2560;
 
 struct JSONValue {
@@ -43,10 +61,10 @@ struct JSONValue {
 };
 
 // Appends the object without its end.
-void appendMembers(std::string& json, const QRCodeData& data, const PropertyFragments& fragments,
-                   std::string_view trueFlag) {
+template <class Layout>
+void appendMembers(std::string& json, const QRCodeData& data, std::string_view trueFlag) {
     const std::size_t begin = json.size();
-    appendProperties<JSONValue>(json, data, fragments, order, trueFlag);
+    appendProperties<JSONValue, Layout>(json, data, members, order, trueFlag);
     json[begin] = '{';  // in place of the first comma
 }
 
@@ -80,7 +98,7 @@ std::string QRCodeData::jsonOutput() const {
     }
     std::string json;
     json.reserve(usualSize);
-    appendMembers(json, *this, indentedFragments, "\"true\"");
+    appendMembers<IndentedPieces>(json, *this, "\"true\"");
     return json += "\n}";
 }
 
@@ -93,7 +111,7 @@ std::string QRCodeData::utf8JSON() const {
 
 void appendUTF8JSON(std::string& text, const QRCodeData& data) {
     if (reportUnlessUTF8(QRCodeDataAccess::texts(data))) {
-        appendMembers(text, data, oneLineFragments, "true");
+        appendMembers<PlainPieces>(text, data, "true");
         text += '}';
     }
 }

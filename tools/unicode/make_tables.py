@@ -13,7 +13,8 @@ CLASSES = ["Other", "Control", "CR", "LF", "Extend", "Mark", "Virama", "ZWJ", "S
 GROUPS = ["", "L", "M", "Nd", "N", "Zs"]
 CONJUNCT_SCRIPTS = ["Bengali", "Devanagari", "Gujarati", "Malayalam", "Oriya", "Telugu"]
 CODE_POINTS = 0x110000
-BLOCK = 64
+BLOCK = 16  # code points
+PAGE = 16  # blocks
 
 
 def rows(folder, name):
@@ -72,20 +73,30 @@ def group_of(category):
 
 
 def pack(blocks):
-    """The blocks in one sequence, overlapping where they can, and the offset of each."""
+    """The blocks in one sequence, overlapping where they can, and the offset of each. A block is a string, in which
+    each character is a number."""
     waiting = list(dict.fromkeys(blocks))
+    size = len(waiting[0])
     sequence = waiting.pop(0)
     while waiting:
         def overlap(block):
-            return BLOCK if block in sequence else next(n for n in range(BLOCK, -1, -1)
-                                                        if sequence.endswith(block[:n]))
+            return size if block in sequence else next(n for n in range(size, -1, -1)
+                                                       if sequence.endswith(block[:n]))
         best = max(waiting, key=overlap)
         sequence += best[overlap(best):]
         waiting.remove(best)
     return sequence, [sequence.index(block) for block in blocks]
 
 
+def pieces(numbers, size):
+    """The numbers, each as a character, in strings of this size. There must be no rest."""
+    text = "".join(map(chr, numbers))
+    assert len(text) % size == 0
+    return [text[i:i + size] for i in range(0, len(text), size)]
+
+
 def array(kind, name, numbers):
+    numbers = list(numbers)
     lines, line = [], "   "
     for number in numbers:
         if len(line) + len(f" {number},") > 110:
@@ -99,14 +110,17 @@ def array(kind, name, numbers):
 def main(folder):
     check_level(folder)
     categories, combining = read_categories(folder)
-    properties = bytes(32 * GROUPS.index(group_of(category)) + CLASSES.index(value) for category, value
-                       in zip(categories, read_classes(folder, combining)))
-    blocks = [properties[i:i + BLOCK] for i in range(0, CODE_POINTS, BLOCK)]
+    properties = [32 * GROUPS.index(group_of(category)) + CLASSES.index(value) for category, value
+                  in zip(categories, read_classes(folder, combining))]
+    pages = pieces(properties, PAGE * BLOCK)
     # Plane 14 lies far above the other planes that have properties, and little of it is assigned.
-    special = 0xE0000 // BLOCK
-    end = max(i for i in range(special) if any(blocks[i])) + 1
-    special_end = max(i for i in range(special, len(blocks)) if any(blocks[i])) + 1
-    sequence, offsets = pack(blocks[:end] + blocks[special:special_end])
+    special = 0xE0000 // (PAGE * BLOCK)
+    empty = "\0" * PAGE * BLOCK
+    end = max(i for i in range(special) if pages[i] != empty) + 1
+    special_end = max(i for i in range(special, len(pages)) if pages[i] != empty) + 1
+    blocks = pieces(map(ord, "".join(pages[:end] + pages[special:special_end])), BLOCK)
+    properties_of_blocks, block_offsets = pack(blocks)
+    blocks_of_pages, page_offsets = pack(pieces(block_offsets, PAGE))
     print(f"""// Made by tools/unicode/make_tables.py from the data of Unicode {LEVEL}. Do not edit.
 #ifndef KORVOQRPARSER_DECODING_TEXT_CHARACTERTABLES_H
 #define KORVOQRPARSER_DECODING_TEXT_CHARACTERTABLES_H
@@ -118,15 +132,20 @@ def main(folder):
 namespace korvo::detail {{
 
 // Code points in neither range have no properties.
-inline constexpr std::uint32_t ordinaryEnd = 0x{end * BLOCK:X};
-inline constexpr std::uint32_t specialBegin = 0x{special * BLOCK:X};
-inline constexpr std::uint32_t specialEnd = 0x{special_end * BLOCK:X};
+inline constexpr std::uint32_t ordinaryEnd = 0x{end * PAGE * BLOCK:X};
+inline constexpr std::uint32_t specialBegin = 0x{special * PAGE * BLOCK:X};
+inline constexpr std::uint32_t specialEnd = 0x{special_end * PAGE * BLOCK:X};
 
-// The offset in blockProperties of each block of {BLOCK} code points: those of the ordinary range, then the special.
+// A block is {BLOCK} code points, a page is {PAGE} blocks. In both tables of offsets, and in the last one, what is in
+// pages and blocks overlaps.
 inline constexpr std::uint32_t blockSize = {BLOCK};
-{array("std::uint16_t", "blockOffsets", offsets)}
-// The break class of a code point plus 32 times its group. Blocks overlap.
-{array("std::uint8_t", "blockProperties", sequence)}
+inline constexpr std::uint32_t pageSize = {PAGE};
+// The offset in blockOffsets of each page: those of the ordinary range, then the special.
+{array("std::uint16_t", "pageOffsets", page_offsets)}
+// The offset in blockProperties of each block.
+{array("std::uint16_t", "blockOffsets", map(ord, blocks_of_pages))}
+// The break class of a code point plus 32 times its group.
+{array("std::uint8_t", "blockProperties", map(ord, properties_of_blocks))}
 }}  // namespace korvo::detail
 
 #endif""")

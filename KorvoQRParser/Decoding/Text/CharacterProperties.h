@@ -50,8 +50,9 @@ constexpr CharacterProperties propertiesOf(std::int32_t codePoint) noexcept {
         }
         position = position - specialBegin + ordinaryEnd;
     }
-    const unsigned properties =
-        blockProperties[blockOffsets[position / blockSize] + std::size_t{position % blockSize}];
+    const std::uint32_t block = position / blockSize;
+    const std::size_t offset = blockOffsets[pageOffsets[block / pageSize] + std::size_t{block % pageSize}];
+    const unsigned properties = blockProperties[offset + position % blockSize];
     return {static_cast<BreakClass>(properties % 32), static_cast<CharacterGroup>(properties / 32)};
 }
 
