@@ -1,4 +1,5 @@
 #include <KorvoQRParser/Explanation/Causes.h>
+#include <KorvoQRParser/Explanation/Lists.h>
 #include <KorvoQRParser/Explanation/ReadingCauses.h>
 #include <KorvoQRParser/Explanation/Violations.h>
 #include <KorvoQRParser/Explanation/VisibleText.h>
@@ -83,7 +84,7 @@ bool mayBeCut(const Facts& facts) {
         return false;
     }
     const std::string& last = facts.elements.back().name();
-    return std::all_of(facts.missing.begin(), facts.missing.end(), [&last](const QRCodeViolation& violation) {
+    return allOf(facts.missing, [&last](const QRCodeViolation& violation) {
         return isAboutMissingElement(violation.code()) &&
                findErrorCatalogueEntry(violation.code())->oneCharacterTag > last;
     });

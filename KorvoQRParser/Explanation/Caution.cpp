@@ -1,5 +1,6 @@
 #include <KorvoQRParser/Decoding/Text/ASCII.h>
 #include <KorvoQRParser/Explanation/Caution.h>
+#include <KorvoQRParser/Explanation/Lists.h>
 #include <KorvoQRParser/Explanation/VisibleText.h>
 
 #include <algorithm>
@@ -63,8 +64,7 @@ MoneyChange compareMoney(std::string_view payload, const PayloadWalk& walk, std:
         const std::string_view tag = isTwoDigit ? twoDigitTag : oneCharacterTag;
         const Value before = isSameFormat ? valueOf(walk, tag) : std::nullopt;
         const Value now = valueOf(after, tag);
-        change.isChanged = change.isChanged || (before && before != now) ||
-                           std::find(changedNames.begin(), changedNames.end(), tag) != changedNames.end();
+        change.isChanged = change.isChanged || (before && before != now) || contains(changedNames, tag);
         if (tag.empty() || (!before && !now && !isAlwaysNamed)) {
             continue;
         }

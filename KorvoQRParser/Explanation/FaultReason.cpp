@@ -1,6 +1,7 @@
 #include <KorvoQRParser/Decoding/Text/UTF8.h>
 #include <KorvoQRParser/Explanation/ExplanationFacts.h>
 #include <KorvoQRParser/Explanation/FaultReason.h>
+#include <KorvoQRParser/Explanation/Lists.h>
 #include <KorvoQRParser/Explanation/Violations.h>
 #include <KorvoQRParser/Explanation/VisibleText.h>
 
@@ -51,7 +52,7 @@ bool isTwoDigit(const TLVFault& fault) {
 
 Finding repeatedTag(const Elements& elements, const TLVFault& fault) {
     const std::string_view tag = fault.element.tag;
-    const auto first = std::find_if(elements.begin(), elements.end(), [&](const WalkedElement& element) {
+    const auto first = findIf(elements, [&](const WalkedElement& element) {
         return element.isInsideAdditionalData == fault.isInsideAdditionalData &&
                std::equal(tag.begin(), tag.end(), element.element.tag.begin(), element.element.tag.end(),
                           [](char a, char b) { return asciiLowerCase(a) == asciiLowerCase(b); });
@@ -87,7 +88,7 @@ Finding unknownTag(const TLVFault& fault) {
 // All elements are well-formed, but the last one is not the checksum.
 Finding wrongEnd(const Elements& elements, const TLVFault& fault) {
     const auto isChecksum = [](const WalkedElement& element) { return element.name == checksumTag; };
-    const auto checksum = std::find_if(elements.begin(), elements.end(), isChecksum);
+    const auto checksum = findIf(elements, isChecksum);
     if (checksum == elements.end()) {
         return {Kind::missingChecksum, fault.rest.data(),
                 joined({"the payload ends without its checksum, tag ", checksumTag})};
@@ -203,7 +204,7 @@ std::string_view excerptBefore(std::size_t place, std::string_view payload, cons
     const auto startOf = [&](const WalkedElement& element) {
         return static_cast<std::size_t>(element.element.tag.data() - payload.data());
     };
-    const auto first = std::find_if(elements.begin(), elements.end(), [&](const WalkedElement& element) {
+    const auto first = findIf(elements, [&](const WalkedElement& element) {
         return startOf(element) + mostBytes >= place && startOf(element) <= place;
     });
     std::size_t begin = first == elements.end() ? place : startOf(*first);

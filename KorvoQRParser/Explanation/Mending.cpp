@@ -1,5 +1,6 @@
 #include <KorvoQRParser/Decoding/CRC.h>
 #include <KorvoQRParser/Decoding/Text/TextHelpers.h>
+#include <KorvoQRParser/Explanation/Lists.h>
 #include <KorvoQRParser/Explanation/Mending.h>
 #include <KorvoQRParser/Explanation/VisibleText.h>
 #include <KorvoQRParser/Explanation/WalkedElements.h>
@@ -74,8 +75,7 @@ class Writer {
 
   private:
     const Piece& pieceNamed(std::string_view name) const {
-        return *std::find_if(reading_.pieces.begin(), reading_.pieces.end(),
-                             [name](const Piece& piece) { return piece.name == name; });
+        return *findIf(reading_.pieces, [name](const Piece& piece) { return piece.name == name; });
     }
 
     // Of two equal elements, leaves out the one that is not at its place in the order of tags.
@@ -101,7 +101,7 @@ class Writer {
 
     bool areOthersInOrder() const {
         std::string_view last;
-        return std::all_of(reading_.pieces.begin(), reading_.pieces.end(), [&](const Piece& piece) {
+        return allOf(reading_.pieces, [&](const Piece& piece) {
             const std::string_view previous = isLeftOut(piece) ? last : std::exchange(last, piece.name);
             return previous <= piece.name;
         });
@@ -149,9 +149,9 @@ class Writer {
 
     // Whether the letters in tags and lengths of a one-character payload are in upper case.
     bool writesUpperCase() const {
-        return std::any_of(reading_.pieces.begin(), reading_.pieces.end(), [this](const Piece& piece) {
+        return anyOf(reading_.pieces, [this](const Piece& piece) {
             const std::string_view head = text_.between(piece.tag, piece.value);
-            return std::any_of(head.begin(), head.end(), isUpperCase);
+            return anyOf(head, isUpperCase);
         });
     }
 
@@ -193,8 +193,7 @@ class Writer {
             return;
         }
         mended_.replacesChecksum = isUsable;
-        const bool isLower = std::any_of(written.begin(), written.end(), isLowerCase) &&
-                             std::none_of(written.begin(), written.end(), isUpperCase);
+        const bool isLower = anyOf(written, isLowerCase) && !anyOf(written, isUpperCase);
         mended_.draft.insert(checksumText(computed, isLower));
     }
 

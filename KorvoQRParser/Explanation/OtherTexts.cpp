@@ -1,5 +1,6 @@
 #include <KorvoQRParser/Decoding/Text/ASCII.h>
 #include <KorvoQRParser/Decoding/Text/UTF8.h>
+#include <KorvoQRParser/Explanation/Lists.h>
 #include <KorvoQRParser/Explanation/OtherTexts.h>
 #include <KorvoQRParser/Explanation/VisibleText.h>
 
@@ -58,7 +59,7 @@ bool isLink(std::string_view text) {
 bool isBareNumber(std::string_view text) {
     constexpr std::string_view twoDigitBeginning = "0002";
     constexpr std::size_t shortest = 4;
-    const bool isDigits = std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+    const bool isDigits = allOf(text, [](char c) { return c >= '0' && c <= '9'; });
     const bool isOneCharacterBeginning =
         text.size() > 2 && text[0] == '0' && text[1] >= '8' && text[2] == '4';
     return isDigits && text.size() >= shortest && text.substr(0, 4) != twoDigitBeginning &&
@@ -73,9 +74,8 @@ std::string_view kindOf(std::string_view text) {
     }
     if (isLink(text)) {
         constexpr std::array payments{"pay", "pa=", "am=", "amount=", "coin"};
-        const bool isPayment = std::any_of(payments.begin(), payments.end(), [text](std::string_view word) {
-            return text.find(word) != std::string_view::npos;
-        });
+        const bool isPayment = anyOf(
+            payments, [text](std::string_view word) { return text.find(word) != std::string_view::npos; });
         return isPayment ? "a payment link" : "a link for another program";
     }
     return isBareNumber(text) ? "a bare number" : "";

@@ -1,4 +1,5 @@
 #include <KorvoQRParser/Decoding/CRC.h>
+#include <KorvoQRParser/Explanation/Lists.h>
 #include <KorvoQRParser/Explanation/Readings.h>
 #include <KorvoQRParser/Explanation/WalkedElements.h>
 
@@ -20,9 +21,8 @@ class Likeliest {
     // Of two equally likely readings, the one that was found first is better.
     void add(Reading reading) {
         constexpr std::size_t most = 24;
-        const auto place = std::find_if(readings_.begin(), readings_.end(), [&reading](const Reading& other) {
-            return reading.cost < other.cost;
-        });
+        const auto place =
+            findIf(readings_, [&reading](const Reading& other) { return reading.cost < other.cost; });
         if (place == readings_.end() && readings_.size() == most) {
             return;
         }
@@ -65,8 +65,7 @@ void append(Reading& reading, const Piece& piece, double cost) {
 }
 
 const Piece& pieceNamed(std::string_view name, const std::vector<Piece>& pieces) {
-    return *std::find_if(pieces.begin(), pieces.end(),
-                         [name](const Piece& piece) { return piece.name == name; });
+    return *findIf(pieces, [name](const Piece& piece) { return piece.name == name; });
 }
 
 // The steps that a search may still take.
@@ -301,7 +300,7 @@ class Search {
     // Adds the mistakes in the places of tag 00 and tag 63. False if these are too many.
     static bool countMoves(Reading& reading, const std::vector<const Piece*>& kept, int mistakes) {
         const auto has = [&kept](std::string_view name) {
-            return std::any_of(kept.begin(), kept.end(), [&](auto* piece) { return piece->name == name; });
+            return anyOf(kept, [&](auto* piece) { return piece->name == name; });
         };
         reading.isFormatMissing = !has(formatTag);
         reading.isFormatMoved = !reading.isFormatMissing && kept.front()->name != formatTag;

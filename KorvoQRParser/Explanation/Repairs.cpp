@@ -2,6 +2,7 @@
 #include <KorvoQRParser/Explanation/Caution.h>
 #include <KorvoQRParser/Explanation/Draft.h>
 #include <KorvoQRParser/Explanation/ExplanationFacts.h>
+#include <KorvoQRParser/Explanation/Lists.h>
 #include <KorvoQRParser/Explanation/Mending.h>
 #include <KorvoQRParser/Explanation/ReadingCauses.h>
 #include <KorvoQRParser/Explanation/Repairs.h>
@@ -59,7 +60,7 @@ class Doctor {
             return;
         }
         // A wrong length can swallow an element, so that the rest can be split all the same.
-        const bool isIncomplete = std::any_of(codes_.begin(), codes_.end(), isAboutMissingElement);
+        const bool isIncomplete = anyOf(codes_, isAboutMissingElement);
         tryInsertions(asItIs);
         if (isIncomplete) {
             readInUnits(asItIs);
@@ -95,7 +96,7 @@ class Doctor {
     }
 
     bool isSure() const {
-        return std::any_of(candidates_.begin(), candidates_.end(), [](const Candidate& candidate) {
+        return anyOf(candidates_, [](const Candidate& candidate) {
             return candidate.mended.keepsChecksum && !candidate.money.isChanged;
         });
     }
@@ -163,8 +164,7 @@ class Doctor {
         const auto isCut = [&text](const Piece& piece) {
             return piece.isBroken && text.count() - piece.tag < checksumHead.size() + checksumLength;
         };
-        const bool isOpenEnded =
-            reading.isChecksumMissing || std::any_of(reading.pieces.begin(), reading.pieces.end(), isCut);
+        const bool isOpenEnded = reading.isChecksumMissing || anyOf(reading.pieces, isCut);
         const bool isGuessed = reading.isGuessed || mended.isAmbiguous || reading.mistakes > 1;
         Candidate candidate{std::move(mended), cost,        std::move(cause),
                             std::move(money),  isOpenEnded, isGuessed};
@@ -205,7 +205,7 @@ class Doctor {
             return !isForbidden && (mended.keepsChecksum || !needsChecksum);
         }
         // A reading without all the elements that a payload must have is probably wrong.
-        const bool isComplete = std::none_of(codes.begin(), codes.end(), isAboutMissingElement);
+        const bool isComplete = !anyOf(codes, isAboutMissingElement);
         if (isComplete) {
             rivals_.push_back(candidate.cost);
         }
@@ -217,7 +217,7 @@ class Doctor {
 
     // Keeps the likelier one of two candidates with the same text.
     void insert(Candidate candidate) {
-        const auto same = std::find_if(candidates_.begin(), candidates_.end(), [&](const Candidate& other) {
+        const auto same = findIf(candidates_, [&](const Candidate& other) {
             return other.mended.draft.text() == candidate.mended.draft.text();
         });
         if (same == candidates_.end()) {
@@ -244,10 +244,9 @@ class Doctor {
     bool isOnlyExplanation(const Candidate& candidate) const {
         constexpr double clearly = 0.5;
         const auto isRival = [&](double cost) { return cost < candidate.cost + clearly; };
-        const bool isOnly = std::none_of(rivals_.begin(), rivals_.end(), isRival) &&
-                            std::none_of(candidates_.begin(), candidates_.end(), [&](const Candidate& other) {
-                                return &other != &candidate && isRival(other.cost);
-                            });
+        const bool isOnly = !anyOf(rivals_, isRival) && !anyOf(candidates_, [&](const Candidate& other) {
+            return &other != &candidate && isRival(other.cost);
+        });
         return candidate.mended.isTwoDigit && isMatching_ && isOnly && !candidate.isGuessed &&
                !candidate.money.isChanged && !candidate.isOpenEnded;
     }
@@ -277,7 +276,7 @@ class Doctor {
         std::vector<const Candidate*> ordered;
         for (const Candidate& candidate : candidates_) {
             const bool isFirst = isConfirmed(candidate);
-            const auto place = std::find_if(ordered.begin(), ordered.end(), [&](const Candidate* other) {
+            const auto place = findIf(ordered, [&](const Candidate* other) {
                 return isFirst != isConfirmed(*other) ? isFirst : candidate.cost < other->cost;
             });
             ordered.insert(place, &candidate);

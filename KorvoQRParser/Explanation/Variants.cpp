@@ -1,5 +1,6 @@
 #include <KorvoQRParser/Decoding/Text/ASCII.h>
 #include <KorvoQRParser/Decoding/Text/UTF8.h>
+#include <KorvoQRParser/Explanation/Lists.h>
 #include <KorvoQRParser/Explanation/Variants.h>
 #include <KorvoQRParser/Explanation/VisibleText.h>
 
@@ -38,9 +39,8 @@ constexpr std::array strays{Stray{"\n", "line feed", true},
                             Stray{"\u00BB", "quotation mark", false}};
 
 const Stray* strayOf(std::string_view character) {
-    const auto* const found = std::find_if(strays.begin(), strays.end(), [character](const Stray& stray) {
-        return stray.character == character;
-    });
+    const auto* const found =
+        findIf(strays, [character](const Stray& stray) { return stray.character == character; });
     return found == strays.end() ? nullptr : found;
 }
 
@@ -165,8 +165,7 @@ std::vector<Insertions> insertionsIn(const Characters& text) {
             continue;
         }
         const std::string_view name = isSecondBlank ? "second blank" : stray->name;
-        auto kind = std::find_if(kinds.begin(), kinds.end(),
-                                 [name](const Insertions& other) { return other.name == name; });
+        auto kind = findIf(kinds, [name](const Insertions& other) { return other.name == name; });
         if (kind == kinds.end()) {
             kind = kinds.insert(kind, {name, {}});
         }

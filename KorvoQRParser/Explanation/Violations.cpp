@@ -1,6 +1,7 @@
 #include <KorvoQRParser/Decoding/Text/ASCII.h>
 #include <KorvoQRParser/Decoding/Text/CharacterSet.h>
 #include <KorvoQRParser/Explanation/ExplanationFacts.h>
+#include <KorvoQRParser/Explanation/Lists.h>
 #include <KorvoQRParser/Explanation/Violations.h>
 #include <KorvoQRParser/Explanation/VisibleText.h>
 #include <KorvoQRParser/Validation/DecimalText.h>
@@ -53,7 +54,7 @@ bool isRaisedWithout(const Elements& elements, bool isTwoDigit, std::string_view
     }
     KorvoPayMerchantTLVValidator validator;
     const auto codes = validator.validatePayMerchantTLV(&holder);
-    return std::find(codes.begin(), codes.end(), code) != codes.end();
+    return contains(codes, code);
 }
 
 // The elements that violate the rule of a code: each that raises it without the other elements that the rule
@@ -67,7 +68,7 @@ std::vector<WalkedElement*> violatorsOf(const ErrorCatalogueEntry& entry, bool i
         }
     }
     const auto holds = [](const auto& list, const WalkedElement& element) {
-        return std::find(list.begin(), list.end(), &element) != list.end();
+        return contains(list, &element);
     };
     auto violators = concerned;
     if (concerned.size() > 1) {
@@ -152,8 +153,7 @@ std::string checkDigitFact(const CountedText& value) {
         KorvoPayMerchantTLVValidator validator;
         validator.validateMerchantID(CountedText(corrected));
         const auto& codes = validator.errorCodes();
-        if (std::find(codes.begin(), codes.end(), KorvoErrorConstants::merchantIdInvalidCheckDigit) ==
-            codes.end()) {
+        if (!contains(codes, KorvoErrorConstants::merchantIdInvalidCheckDigit)) {
             return joined({"the last digit of ",
                            inQuotes(text),
                            " is ",
@@ -273,7 +273,7 @@ bool isAboutMissingElement(std::string_view code) {
         KorvoErrorConstants::merchantIdNotPresent,  KorvoErrorConstants::merchantNameNotPresent,
         KorvoErrorConstants::cityNameNotPresent,    KorvoErrorConstants::merchantCategoryCodeNotPresent,
         KorvoErrorConstants::countryCodeNotPresent, KorvoErrorConstants::currencyCodeNotPresent};
-    return std::find(codes.begin(), codes.end(), code) != codes.end();
+    return contains(codes, code);
 }
 
 std::vector<QRCodeViolation> assignViolations(const std::vector<std::string>& codes, bool isTwoDigit,

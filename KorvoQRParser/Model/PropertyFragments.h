@@ -20,7 +20,7 @@ namespace korvo {
 /// flag, which most properties of most records are. Its first part, the head, also goes before a value.
 struct PropertyFragment {
     /// A copy of a size that the compiler knows takes a few instructions and no call, so all pieces have one.
-    static constexpr std::size_t capacity = 64;
+    static constexpr std::size_t capacity = 56;
 
     /// Does not compile with a piece that is longer than `capacity`.
     constexpr PropertyFragment(std::string_view head, std::string_view whole)
