@@ -1,4 +1,5 @@
-# Makes two Debian packages with cpack, one for each component of install.cmake.
+# Makes Debian packages with cpack: one for each component of install.cmake, and one for the database extension, if that is
+# built.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME korvoqrparser)
@@ -23,6 +24,17 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME korvoqrparser)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME korvoqrparser-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+
+if(KORVOQR_POSTGRESQL)
+    # Debian's name for an extension says which server it is for, because a server loads only what was built for its version.
+    set(server postgresql-${KORVOQR_POSTGRESQL_MAJOR})
+    list(APPEND CPACK_COMPONENTS_ALL postgresql)
+    set(CPACK_COMPONENT_POSTGRESQL_DESCRIPTION "The extension korvoqr for PostgreSQL ${KORVOQR_POSTGRESQL_MAJOR}, which checks and reads the payloads of
+payment QR codes in SQL.")
+    set(CPACK_DEBIAN_POSTGRESQL_PACKAGE_NAME ${server}-korvoqr)
+    set(CPACK_DEBIAN_POSTGRESQL_PACKAGE_SECTION database)
+    set(CPACK_DEBIAN_POSTGRESQL_PACKAGE_DEPENDS ${server})
+endif()
 
 # A package depends on the libraries that its programs link, and its shlibs file tells other programs which package has
 # our library. The development package depends on the runtime package of the same version.

@@ -15,7 +15,10 @@ cpack --config "$build/CPackConfig.cmake" -B "$work" > "$work/log" 2>&1 || { cat
 architecture=$(dpkg --print-architecture)
 runtime=$work/korvoqrparser_${version}_$architecture.deb
 development=$work/korvoqrparser-dev_${version}_$architecture.deb
-[[ $(find "$work" -maxdepth 1 -name '*.deb' | wc -l) == 2 ]]
+packages=("$runtime" "$development")
+extension=$(find "$work" -maxdepth 1 -name "postgresql-*-korvoqr_${version}_$architecture.deb")
+packages+=(${extension:+"$extension"})
+[[ $(find "$work" -maxdepth 1 -name '*.deb' | wc -l) == "${#packages[@]}" ]]
 
 field() {
     dpkg-deb -f "$1" "$2"
@@ -35,6 +38,14 @@ files() {
 [[ $(files "$runtime" | grep lib/libKorvoQRParser.so | tr '\n' ' ') == "./usr/lib/libKorvoQRParser.so.${version%%.*} ./usr/lib/libKorvoQRParser.so.$version " ]]
 not grep -qvE '^\./usr/(include/|lib/(cmake|pkgconfig)/|lib/lib[A-Za-z]+\.(a|so)$)' <(files "$development")
 [[ -z $(comm -12 <(files "$runtime") <(files "$development")) ]]
+if [[ $extension ]]; then
+    server=$(basename "${extension%-korvoqr_*}")
+    grep -qx "$server" <(field "$extension" Depends | tr ',' '\n' | sed 's/(.*//; s/ //g')
+    not grep -q korvoqrparser <(field "$extension" Depends)  # the library is inside
+    shared=./usr/share/postgresql/${server#*-}/extension/korvoqr
+    printf '%s\n' "./usr/lib/postgresql/${server#*-}/lib/korvoqr.so" "$shared--${version%.*}.sql" "$shared.control" |
+        diff - <(files "$extension")
+fi
 
 echo "installation"
 mkdir -p "$root"/etc "$root"/var/lib/dpkg/{info,updates,triggers}
@@ -50,7 +61,7 @@ install() {
     PATH=$work/bin:$PATH:/sbin:/usr/sbin "${as_root[@]}" dpkg --root="$root" --force-script-chrootless "$@" > "$work/log" 2>&1
 }
 not install --install "$development"  # without the other
-install --install "$runtime" "$development" || { cat "$work/log"; exit 1; }
+install --install "${packages[@]}" || { cat "$work/log"; exit 1; }
 grep -q "libKorvoQRParser.so.${version%%.*}" <(/sbin/ldconfig -r "$root" -p)
 
 echo "the tool, and a program that finds the library in the root"
@@ -66,5 +77,5 @@ cc -std=c99 "$1/examples/c/pay.c" -o "$work/pay-c" $(pkg-config --cflags --libs 
 grep -q "^Pay 12. to r59" <(LD_LIBRARY_PATH=$root/usr/lib "$work/pay-c" "$accepted")
 
 echo "removal"
-install --remove korvoqrparser-dev korvoqrparser || { cat "$work/log"; exit 1; }
+install --remove korvoqrparser-dev korvoqrparser ${extension:+"$server-korvoqr"} || { cat "$work/log"; exit 1; }
 [[ -z $(find "$root" -iname '*korvo*' -not -path '*/dpkg/info/*') ]]

@@ -1,33 +1,25 @@
 #!/usr/bin/env bash
 # PostgreSQL reads the rows of --format copy, whatever the payloads hold. Usage: postgresql.sh KORVOQR GENERATE_PAYLOADS.
-# The test starts a server of its own, in a scratch folder and without a network.
+# The rows come from a server of the test's own, which runs the tool itself.
 source "$(dirname "$0")/common.sh"
+source "$root/integrations/postgresql/tests/server.sh"
 
 generator=$2
-bin=$(printf '%s\n' /usr/lib/postgresql/*/bin | tail -1)
-chmod 755 . && mkdir cluster
-as_owner=()
-if ((EUID == 0)); then  # the server refuses to run as root
-    as_owner=(setpriv --reuid=nobody --regid=nogroup --clear-groups)
-    chown nobody:nogroup cluster
-fi
-server() { (cd cluster && "${as_owner[@]}" "$bin/$@") > log 2>&1 || { cat log; exit 1; }; }
-sql() { psql -X -q -At -v ON_ERROR_STOP=1 -h "$work/cluster" -U owner -d postgres "$@"; }
-server initdb -D "$work/cluster/data" -U owner -A trust -E UTF8 --locale=C --no-sync
-trap 'server pg_ctl -D "$work/cluster/data" -m immediate stop; rm -rf "$work"' EXIT
-server pg_ctl -D "$work/cluster/data" -o "-k $work/cluster -c listen_addresses= -c fsync=off" -w start
+copy_server
+cp "$1" "$bin/"
+start_server
 
 sed -n '/^CREATE TABLE answers/,/);/p' "$root/README.md" > table.sql
-copy=$(sed -n "s/^COPY answers FROM PROGRAM '\(korvoqr .*\)';$/\1/p" "$root/README.md")
-[[ -s table.sql && $copy == *'--format copy'* ]]
+sed -n '/^COPY answers FROM PROGRAM .*--format copy.*;$/p' "$root/README.md" > copy.sql
+[[ -s table.sql && -s copy.sql ]]
 {
     "$generator" 1 5000 | tr '\t\n' '||' | tr '\0' '\n'
     # A record with a quote, a backslash and controls; and texts that COPY would take for its own signs
     printf '0g411111111111111118a"b\\c\b\v\\N24581231M42IN53356\n\\.\n\\N\n"\n\\\n\r\na\0b\n\xE9\xFF\\x00\n'
     printf '0g411111111111111113a\0b24581231M42IN53356\n'
 } | awk '{ print NR "\t" $0 }' > payloads.tsv
-eval "$copy" > rows
-sql -f table.sql -c "COPY answers FROM STDIN" < rows
+cp payloads.tsv cluster/data/  # the folder in which the server runs programs
+sql -f table.sql -f copy.sql
 
 # Every answer is that of the tool.
 korvoqr parse --format jsonl --payload-column 2 -i payloads.tsv > answers || (($? == 1))
