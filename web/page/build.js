@@ -1,0 +1,62 @@
+// Builds the page: node page/build.js FOLDER makes FOLDER/site, static files for any server, and FOLDER/korvoqr.html,
+// the same in one file, which also works from a disk.
+
+import { createHash } from "node:crypto";
+import { mkdirSync, readFileSync, writeFileSync } from "node:fs";
+import { dirname, join } from "node:path";
+import { fileURLToPath } from "node:url";
+import { build } from "esbuild";
+
+const source = dirname(fileURLToPath(import.meta.url));
+
+async function bundled(file) {
+    const { outputFiles } = await build({
+        entryPoints: [join(source, file)],
+        bundle: true,
+        minify: true,
+        write: false,
+        format: "esm",
+        target: ["chrome109", "firefox115", "safari16.4"],
+        loader: { ".wasm": "base64" },
+        external: ["module", "node:*"],
+        legalComments: "inline",
+        outdir: "unused",
+    });
+    return outputFiles[0].text;
+}
+
+function replaced(text, from, to) {
+    if (text.split(from).length !== 2) {
+        throw new Error(`the page must have ${from} exactly once`);
+    }
+    return text.replace(from, () => to);
+}
+
+// The browser runs nothing but the script and the style of these digests.
+function sourceOf(text) {
+    return `'sha256-${createHash("sha256").update(text).digest("base64")}'`;
+}
+
+function selfContained(html, script, style) {
+    let page = replaced(html, '<link rel="stylesheet" href="page.css" />', `<style>${style}</style>`);
+    page = replaced(page, "script-src 'self'", `script-src ${sourceOf(script)}`);
+    page = replaced(page, "style-src 'self'", `style-src ${sourceOf(style)}`);
+    return replaced(
+        page,
+        '<script type="module" src="page.js"></script>',
+        `<script type="module">${script}</script>`,
+    );
+}
+
+const folder = process.argv[2];
+if (folder === undefined || process.argv.length > 3) {
+    console.error("page/build.js: type node page/build.js FOLDER");
+    process.exit(2);
+}
+const html = readFileSync(join(source, "index.html"), "utf8");
+const [script, style] = await Promise.all([bundled("main.ts"), bundled("style.css")]);
+mkdirSync(join(folder, "site"), { recursive: true });
+writeFileSync(join(folder, "site/index.html"), html);
+writeFileSync(join(folder, "site/page.js"), script);
+writeFileSync(join(folder, "site/page.css"), style);
+writeFileSync(join(folder, "korvoqr.html"), selfContained(html, script, style));

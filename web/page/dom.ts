@@ -1,0 +1,61 @@
+import { mostShown, Piece, piecesOf, piecesOfBytes } from "./visible.js";
+
+/** What an element is made of. A string becomes text, never markup. */
+export type Child = Node | string;
+
+/** Makes an element. */
+export function make<Name extends keyof HTMLElementTagNameMap>(
+    name: Name,
+    attributes: Readonly<Record<string, string>>,
+    ...children: Child[]
+): HTMLElementTagNameMap[Name] {
+    const element = document.createElement(name);
+    for (const [attribute, value] of Object.entries(attributes)) {
+        element.setAttribute(attribute, value);
+    }
+    element.append(...children);
+    return element;
+}
+
+/** The element of the page with this identifier. */
+export function find<Type extends HTMLElement>(id: string, type: new () => Type): Type {
+    const element = document.getElementById(id);
+    if (!(element instanceof type)) {
+        throw new Error(`the page has no ${type.name} with the identifier ${id}`);
+    }
+    return element;
+}
+
+function nodesOf(pieces: readonly Piece[]): Child[] {
+    return pieces.map(({ text, isName }) => (isName ? make("span", { class: "invisible" }, text) : text));
+}
+
+function cutNote(size: number): HTMLElement {
+    const kilobytes = Math.ceil(size / 1024).toLocaleString("en");
+    return make("span", { class: "cut" }, `… cut here; ${kilobytes} KB are not shown`);
+}
+
+/** Text from a stranger: nothing in it is markup, turns the text around it, or hides. */
+export function strange(text: string): HTMLElement {
+    const shown = text.slice(0, mostShown);
+    const element = make("bdi", {}, ...nodesOf(piecesOf(shown)));
+    if (shown.length < text.length) {
+        element.append(cutNote(text.length - shown.length));
+    }
+    return element;
+}
+
+/** The same of bytes, which need not be UTF-8. */
+export function strangeBytes(bytes: Uint8Array): HTMLElement {
+    const shown = bytes.subarray(0, mostShown);
+    const element = make("bdi", {}, ...nodesOf(piecesOfBytes(shown)));
+    if (shown.length < bytes.length) {
+        element.append(cutNote(bytes.length - shown.length));
+    }
+    return element;
+}
+
+/** A sentence of the library. It quotes texts from a stranger. */
+export function sentence(text: string): HTMLElement {
+    return make("span", { class: "sentence" }, strange(text));
+}
