@@ -1,0 +1,17 @@
+// Builds the npm module from build/web/korvoqr.wasm: node module/build.js makes dist/index.js.
+
+import { fileURLToPath } from "node:url";
+import { build } from "esbuild";
+
+await build({
+    absWorkingDir: fileURLToPath(new URL("..", import.meta.url)),
+    entryPoints: ["module/index.ts"],
+    outfile: "dist/index.js",
+    bundle: true,
+    minify: true,
+    format: "esm",
+    platform: "neutral",
+    target: "es2022",
+    // In the script, because a page from a disk cannot fetch a file, and a bundler would have to be told about it.
+    loader: { ".wasm": "binary" },
+});
