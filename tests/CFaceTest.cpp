@@ -3,6 +3,7 @@
 
 #include "Payloads.h"
 #include <KorvoQRParser/KorvoQRParserC.h>
+#include <KorvoQRParser/Validation/ISOCountryCodes.h>
 
 #include <algorithm>
 #include <climits>
@@ -159,7 +160,37 @@ void compare(const korvoqr_checksum* c, const QRCodeChecksum* cpp) {
     }
 }
 
+// At the byte of each place, the payload has what the explanation says of it.
+void comparePlaces(const korvoqr_explanation* c, const QRCodeExplanation& cpp) {
+    const auto expectAt = [&](std::size_t offset, const std::string& text) {
+        EXPECT_EQ(cpp.payload().compare(korvoqr_explanation_byte_offset(c, offset), text.size(), text), 0)
+            << text << " at " << offset;
+    };
+    const auto expectAll = [&](auto& self, const std::vector<QRCodeElement>& elements) -> void {
+        for (const QRCodeElement& element : elements) {
+            expectAt(element.offset(), element.tag() + element.length() + element.value());
+            self(self, element.elements());
+        }
+    };
+    expectAll(expectAll, cpp.elements());
+    for (const auto* const repairs : {&cpp.repairs(), &cpp.unverified()}) {
+        for (const QRCodeRepair& repair : *repairs) {
+            for (const QRCodeEdit& edit : repair.edits()) {
+                expectAt(edit.offset(), edit.from());
+            }
+        }
+    }
+    std::size_t end = cpp.payload().size();
+    if (const QRCodeFault* const fault = cpp.fault()) {
+        expectAt(fault->offset(), fault->after());
+        end = fault->byteOffset().value_or(end);
+    }
+    EXPECT_EQ(korvoqr_explanation_byte_offset(c, beyond), end);
+}
+
 void compare(const korvoqr_explanation* c, const QRCodeExplanation& cpp) {
+    comparePlaces(c, cpp);
+    EXPECT_EQ(korvoqr_explanation_byte_offset(nullptr, 1), 0U);
     EXPECT_EQ(textOf(korvoqr_explanation_json, c), cpp.utf8JSON());
     EXPECT_EQ(textOf(korvoqr_explanation_payload, c), cpp.payload());
     EXPECT_EQ(textOf(korvoqr_explanation_visible, c), cpp.visible());
@@ -255,6 +286,19 @@ TEST(CFace, NamesPropertiesAndCodes) {
         EXPECT_EQ(textOf(korvoqr_property_name, number), std::nullopt);
         EXPECT_FALSE(korvoqr_property_is_flag(number));
         EXPECT_EQ(textOf(korvoqr_error_code_name, number), std::nullopt);
+    }
+}
+
+TEST(CFace, KnowsTheLettersOfCurrencies) {
+    for (int number = 0; number < 1000; ++number) {
+        const std::string text = std::to_string(1000 + number).substr(1);
+        const auto letters = textOf(korvoqr_currency_alphabetic_code, text.data(), text.size());
+        const auto* const currency = ISOCountryCodes::findCurrency(number);
+        EXPECT_EQ(letters,
+                  currency == nullptr ? std::nullopt : std::optional<std::string>(currency->letters()));
+    }
+    for (const std::string_view text : {"", "8", "08", "+36", "0356", "3\0006", "\xD9\xA3\xD9", "INR"}) {
+        EXPECT_EQ(alphabeticCurrencyCode(text), "") << text;
     }
 }
 

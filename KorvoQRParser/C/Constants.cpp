@@ -1,6 +1,7 @@
 #include <KorvoQRParser/C/Text.h>
 #include <KorvoQRParser/KorvoQRParserC.h>
 #include <KorvoQRParser/Model/QRCodeDataProperties.h>
+#include <KorvoQRParser/Validation/CurrencyCodes.h>
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 
 #include <cstddef>
@@ -89,4 +90,12 @@ const char* korvoqr_error_code_two_digit_tag(int code, size_t* size) {
 
 const char* korvoqr_error_code_one_character_tag(int code, size_t* size) {
     return passMember(code, &ErrorCatalogueEntry::oneCharacterTag, size);
+}
+
+const char* korvoqr_currency_alphabetic_code(const char* numeric_code, size_t numeric_code_size,
+                                             size_t* size) {
+    const bool isText = c::isText(numeric_code, numeric_code_size);
+    const auto letters =
+        isText ? alphabeticCurrencyCode({numeric_code, numeric_code_size}) : std::string_view();
+    return c::pass(letters, size);
 }

@@ -112,6 +112,10 @@ const char* korvoqr_explanation_visible(const korvoqr_explanation* explanation, 
                    size);
 }
 
+size_t korvoqr_explanation_byte_offset(const korvoqr_explanation* explanation, size_t offset) {
+    return explanation == nullptr ? 0 : explanation->explanation.byteOffset(offset);
+}
+
 int korvoqr_explanation_format(const korvoqr_explanation* explanation) {
     const auto format = explanation == nullptr ? std::nullopt : explanation->explanation.format();
     return format ? numberOf(*format) : KORVOQR_FORMAT_unknown;

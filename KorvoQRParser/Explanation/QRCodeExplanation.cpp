@@ -1,3 +1,4 @@
+#include <KorvoQRParser/Decoding/Text/CharacterReader.h>
 #include <KorvoQRParser/Explanation/ExplanationFacts.h>
 #include <KorvoQRParser/Explanation/VisibleText.h>
 
@@ -99,6 +100,15 @@ std::string_view QRCodeFault::kindText() const noexcept {
 
 std::string QRCodeExplanation::visible() const {
     return withVisibleBytes(facts_->payload);
+}
+
+std::size_t QRCodeExplanation::byteOffset(std::size_t offset) const noexcept {
+    CharacterReader characters(facts_->payload);
+    if (characters.take(offset)) {
+        return characters.offset();
+    }
+    const auto end = facts_->fault ? facts_->fault->byteOffset() : std::nullopt;
+    return end.value_or(facts_->payload.size());
 }
 
 bool QRCodeExplanation::isAccepted() const noexcept {

@@ -1,5 +1,9 @@
+#include <KorvoQRParser/Decoding/Text/ASCII.h>
+#include <KorvoQRParser/Decoding/Text/TextHelpers.h>
+#include <KorvoQRParser/Validation/CurrencyCodes.h>
 #include <KorvoQRParser/Validation/ISOCountryCodes.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 
@@ -55,3 +59,23 @@ bool isISOCountry(std::string_view code) noexcept {
 }
 
 }  // namespace korvo::ISOCountryCodes
+
+namespace korvo {
+
+namespace {
+
+bool isDigit(char c) {
+    return digitValue(c) < 10;
+}
+
+}  // namespace
+
+std::string_view alphabeticCurrencyCode(std::string_view numericCode) noexcept {
+    const bool isNumber =
+        numericCode.size() == 3 && std::all_of(numericCode.begin(), numericCode.end(), isDigit);
+    const auto* const currency =
+        isNumber ? ISOCountryCodes::findCurrency(*parseInteger(numericCode, 10)) : nullptr;
+    return currency == nullptr ? std::string_view() : currency->letters();
+}
+
+}  // namespace korvo

@@ -13,16 +13,16 @@ namespace korvo::ISOCountryCodes {
 class Currency {
   public:
     constexpr Currency(std::int16_t number, std::string_view letters)
-        : number_(number), letters_{letters[0], letters[1], letters[2]} {}
+        : number_(number), letters_{letters[0], letters[1], letters[2], 0} {}
 
     /// The numeric code: 8 for "008".
     constexpr std::int16_t number() const noexcept { return number_; }
-    /// The alphabetic code.
-    constexpr std::string_view letters() const noexcept { return {letters_.data(), letters_.size()}; }
+    /// The alphabetic code, which NUL follows.
+    constexpr std::string_view letters() const noexcept { return {letters_.data(), letters_.size() - 1}; }
 
   private:
     std::int16_t number_;
-    std::array<char, 3> letters_;
+    std::array<char, 4> letters_;
 };
 
 /// The accepted currencies, in the order of their letters. The list is fixed and does not follow ISO 4217. It

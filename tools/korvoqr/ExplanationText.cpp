@@ -173,19 +173,12 @@ class Page {
         addColumn(kind + " at offset " + std::to_string(fault.offset()) + ": " + harmless(fault.reason()), 0,
                   true);
         const std::string_view payload = explanation_.payload();
-        const std::size_t place = placeOf(fault);
+        const std::size_t place = explanation_.byteOffset(fault.offset());
         const std::string_view before = fitting(fault.before(), true);
         const std::string_view after = fitting(fault.after(), false);
         const std::string head = (place == before.size() ? "  " : "  ...") + visible(before);
         text_ += head + visible(after) + (place + after.size() == payload.size() ? "\n" : "...\n");
         text_ += blanks(displayWidth(head)) + painted(style_, Paint::fault, "^") + '\n';
-    }
-
-    // The bytes before the fault.
-    std::size_t placeOf(const QRCodeFault& fault) const {
-        korvo::CharacterReader characters(explanation_.payload());
-        const bool isWhole = characters.take(fault.offset()).has_value();
-        return fault.byteOffset().value_or(isWhole ? characters.offset() : fault.before().size());
     }
 
     // The likeliest repair. Its payload is shown on one line of its own, so that it can be copied.

@@ -31,6 +31,7 @@
 #include <KorvoQRParser/Parser/QRCodeError.h>
 #include <KorvoQRParser/Parser/QRCodeParser.h>
 #include <KorvoQRParser/Parser/QRCodeParserResponse.h>
+#include <KorvoQRParser/Validation/CurrencyCodes.h>
 #include <KorvoQRParser/Validation/KorvoErrorConstants.h>
 
 /// The library's C++ interface.

@@ -230,6 +230,11 @@ KORVO_EXPORT const char* korvoqr_error_code_two_digit_tag(int code, size_t* size
 /// The same for the one-character format.
 KORVO_EXPORT const char* korvoqr_error_code_one_character_tag(int code, size_t* size);
 
+/// The letters of a currency (ISO 4217), to show beside an amount: "INR" for the value "356" of
+/// KORVOQR_PROPERTY_currencyCode. Absent for a text that the rules accept as no currency.
+KORVO_EXPORT const char* korvoqr_currency_alphabetic_code(const char* numeric_code, size_t numeric_code_size,
+                                                          size_t* size);
+
 /// The answer to one parse: a record, or the codes of the violated rules.
 typedef struct korvoqr_response korvoqr_response;
 
@@ -325,6 +330,10 @@ KORVO_EXPORT const char* korvoqr_explanation_payload(const korvoqr_explanation* 
 /// doubled; otherwise it is the payload. Controls and direction marks stay as they are. Made at the first
 /// call and kept.
 KORVO_EXPORT const char* korvoqr_explanation_visible(const korvoqr_explanation* explanation, size_t* size);
+/// The bytes of the payload before the character at an offset, to mark a place in the text: of an element, of
+/// the fault, of a change. Beyond the last character, all bytes; beyond the first byte that is not UTF-8,
+/// those before it. Reads the payload up to the place on every call.
+KORVO_EXPORT size_t korvoqr_explanation_byte_offset(const korvoqr_explanation* explanation, size_t offset);
 /// The format, a number of korvoqr_format.
 KORVO_EXPORT int korvoqr_explanation_format(const korvoqr_explanation* explanation);
 /// Whether the parser accepts the payload.

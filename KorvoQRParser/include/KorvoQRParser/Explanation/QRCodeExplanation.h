@@ -225,6 +225,10 @@ class KORVO_EXPORT QRCodeExplanation {
     const std::vector<QRCodeRepair>& repairs() const noexcept;
     /// All other repairs, the likeliest first, each with a caution.
     const std::vector<QRCodeRepair>& unverified() const noexcept;
+    /// The bytes of the payload before the character at an offset, for a program that marks a place in the
+    /// text: of an element, of the fault, of a change. Beyond the last character, all bytes; beyond the first
+    /// byte that is not UTF-8, those before it. Reads the payload up to the place on every call.
+    std::size_t byteOffset(std::size_t offset) const noexcept;
     /// Everything above as one JSON object (RFC 8259) on one line, without a line feed. In `payload` and in
     /// elements, bytes that are not UTF-8 become U+FFFD; `visible` is a member if there are any. Absent
     /// members are missing, except `format` and `caution`, which are null. Made anew on every
