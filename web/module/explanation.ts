@@ -14,6 +14,8 @@ export interface Violation {
 export interface Element {
     /** The user-perceived characters before the element in the payload. */
     offset: number;
+    /** The bytes before the element in the payload's UTF-8. */
+    byteOffset: number;
     /** The tag as written, such as "59", or "a" in the one-character format. */
     tag: string;
     /** The length field as written. */
@@ -36,15 +38,15 @@ export interface Fault {
     kind: string;
     /** The user-perceived characters before the fault. */
     offset: number;
-    /** The bytes before the fault, if the fault is bytes that are not UTF-8. */
-    byteOffset?: number;
+    /** The bytes before the fault. */
+    byteOffset: number;
     /** The tag concerned; empty if the fault is not about a tag. */
     tag: string;
     /** One sentence without a full stop. */
     reason: string;
-    /** At most 60 characters before the fault. */
+    /** The piece of the payload before the fault. */
     before: string;
-    /** The text after the fault, as far as it is shown. */
+    /** The piece of the payload after the fault. */
     after: string;
 }
 
@@ -59,6 +61,8 @@ export interface Checksum {
 export interface Edit {
     /** The user-perceived characters before the change in the original payload. */
     offset: number;
+    /** The bytes before the change in the original payload's UTF-8. */
+    byteOffset: number;
     from: string;
     to: string;
 }

@@ -19,6 +19,7 @@
  */
 import type { Explanation } from "./explanation.js";
 import { withLibrary } from "./library.js";
+import { withByteOffsets } from "./places.js";
 import type { QRCodeData } from "./record.js";
 import { encoded } from "./text.js";
 
@@ -50,7 +51,11 @@ export function parse(payload: Payload): ParserResponse {
 
 /** Explains one payload: its elements, the rules that they violate, the likely causes, and repairs. */
 export function explain(payload: Payload): Explanation {
-    return JSON.parse(explainJSON(payload)) as Explanation;
+    return withLibrary((library) =>
+        library.explain(bytesOf(payload), (json, byteOffset) =>
+            withByteOffsets(JSON.parse(json) as Explanation, byteOffset),
+        ),
+    );
 }
 
 /** The answer of `parse` as one line of JSON, as `korvoqr parse --format jsonl` prints it. */
@@ -58,9 +63,17 @@ export function parseJSON(payload: Payload): string {
     return withLibrary((library) => library.parse(bytesOf(payload)));
 }
 
-/** The answer of `explain` as one line of JSON, as `korvoqr explain --format json` prints it. */
+/**
+ * The explanation as one line of JSON, as `korvoqr explain --format json` prints it. It has no byte offsets, except that
+ * of a fault that is bytes that are not UTF-8.
+ */
 export function explainJSON(payload: Payload): string {
-    return withLibrary((library) => library.explain(bytesOf(payload)));
+    return withLibrary((library) => library.explain(bytesOf(payload), (json) => json));
+}
+
+/** The letters of a currency: "INR" for "356", a record's currencyCode. Undefined if the rules refuse the number. */
+export function alphabeticCurrencyCode(numericCode: string): string | undefined {
+    return withLibrary((library) => library.alphabeticCurrencyCode(encoded(numericCode)));
 }
 
 function bytesOf(payload: Payload): Uint8Array {

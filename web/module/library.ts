@@ -11,6 +11,7 @@ interface Functions {
     malloc(size: number): Pointer;
     free(block: Pointer): void;
     korvoqr_version(): Pointer;
+    korvoqr_currency_alphabetic_code(numericCode: Pointer, size: number, alphabeticSize: Pointer): Pointer;
     korvoqr_error_code_name(code: number, size: Pointer): Pointer;
     korvoqr_parse(payload: Pointer, size: number): Pointer;
     korvoqr_response_free(response: Pointer): void;
@@ -22,6 +23,7 @@ interface Functions {
     korvoqr_explain(payload: Pointer, size: number): Pointer;
     korvoqr_explanation_free(explanation: Pointer): void;
     korvoqr_explanation_json(explanation: Pointer, size: Pointer): Pointer;
+    korvoqr_explanation_byte_offset(explanation: Pointer, offset: number): number;
 }
 
 /** An instance with more memory than this is not kept: memory of WebAssembly never shrinks. */
@@ -66,16 +68,31 @@ class Library {
         return decoded(memory.subarray(start, memory.indexOf(0, start)));
     }
 
-    parse(payload: Uint8Array): string {
-        const { korvoqr_parse, korvoqr_response_free } = this.functions;
-        return this.using(payload, korvoqr_parse, korvoqr_response_free, (response) => this.responseJSON(response));
+    alphabeticCurrencyCode(numericCode: Uint8Array): string | undefined {
+        return this.withCopy(numericCode, (copy, size) => {
+            const code = this.functions.korvoqr_currency_alphabetic_code(copy, size, this.size);
+            return code === 0 ? undefined : this.text(() => code);
+        });
     }
 
-    explain(payload: Uint8Array): string {
-        const { korvoqr_explain, korvoqr_explanation_free, korvoqr_explanation_json } = this.functions;
-        return this.using(payload, korvoqr_explain, korvoqr_explanation_free, (explanation) =>
-            this.text((size) => korvoqr_explanation_json(explanation, size)),
-        );
+    /** The answer to a payload as a line of JSON. */
+    parse(payload: Uint8Array): string {
+        const { korvoqr_parse, korvoqr_response_free } = this.functions;
+        const response = made(this.withCopy(payload, korvoqr_parse));
+        const json = this.responseJSON(response);
+        korvoqr_response_free(response);
+        return json;
+    }
+
+    /** Passes the explanation of a payload to `use`, as a line of JSON, and a function that says where a character is. */
+    explain<T>(payload: Uint8Array, use: (json: string, byteOffset: (offset: number) => number) => T): T {
+        const { korvoqr_explain, korvoqr_explanation_free, korvoqr_explanation_json, korvoqr_explanation_byte_offset } =
+            this.functions;
+        const explanation = made(this.withCopy(payload, korvoqr_explain));
+        const json = this.text((size) => korvoqr_explanation_json(explanation, size));
+        const result = use(json, (offset) => korvoqr_explanation_byte_offset(explanation, offset) >>> 0);
+        korvoqr_explanation_free(explanation);
+        return result;
     }
 
     private responseJSON(response: Pointer): string {
@@ -102,19 +119,12 @@ class Library {
         };
     }
 
-    /** Makes a handle for a payload, lets `use` read it, and frees it. */
-    private using<T>(
-        payload: Uint8Array,
-        make: (payload: Pointer, size: number) => Pointer,
-        free: (handle: Pointer) => void,
-        use: (handle: Pointer) => T,
-    ): T {
-        const copy = made(this.functions.malloc(payload.length));
-        new Uint8Array(this.functions.memory.buffer, copy).set(payload);
-        const handle = made(make(copy, payload.length));
+    /** Passes bytes to a function, as a pointer and a size. */
+    private withCopy<T>(bytes: Uint8Array, use: (copy: Pointer, size: number) => T): T {
+        const copy = made(this.functions.malloc(bytes.length));
+        new Uint8Array(this.functions.memory.buffer, copy).set(bytes);
+        const result = use(copy, bytes.length);
         this.functions.free(copy);
-        const result = use(handle);
-        free(handle);
         return result;
     }
 
