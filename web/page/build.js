@@ -9,6 +9,7 @@ import { build } from "esbuild";
 
 const source = dirname(fileURLToPath(import.meta.url));
 
+/** @param {string} file */
 async function bundled(file) {
     const { outputFiles } = await build({
         entryPoints: [join(source, file)],
@@ -17,14 +18,18 @@ async function bundled(file) {
         write: false,
         format: "esm",
         target: ["chrome109", "firefox115", "safari16.4"],
-        loader: { ".wasm": "base64" },
-        external: ["module", "node:*"],
+        loader: { ".wasm": "binary" },
         legalComments: "inline",
         outdir: "unused",
     });
-    return outputFiles[0].text;
+    return outputFiles.map(({ text }) => text).join("");
 }
 
+/**
+ * @param {string} text
+ * @param {string} from
+ * @param {string} to
+ */
 function replaced(text, from, to) {
     if (text.split(from).length !== 2) {
         throw new Error(`the page must have ${from} exactly once`);
@@ -32,20 +37,24 @@ function replaced(text, from, to) {
     return text.replace(from, () => to);
 }
 
-// The browser runs nothing but the script and the style of these digests.
+/**
+ * The browser runs nothing but the script and the style of these digests.
+ * @param {string} text
+ */
 function sourceOf(text) {
     return `'sha256-${createHash("sha256").update(text).digest("base64")}'`;
 }
 
+/**
+ * @param {string} html
+ * @param {string} script
+ * @param {string} style
+ */
 function selfContained(html, script, style) {
     let page = replaced(html, '<link rel="stylesheet" href="page.css" />', `<style>${style}</style>`);
     page = replaced(page, "script-src 'self'", `script-src ${sourceOf(script)}`);
     page = replaced(page, "style-src 'self'", `style-src ${sourceOf(style)}`);
-    return replaced(
-        page,
-        '<script type="module" src="page.js"></script>',
-        `<script type="module">${script}</script>`,
-    );
+    return replaced(page, '<script type="module" src="page.js"></script>', `<script type="module">${script}</script>`);
 }
 
 const folder = process.argv[2];

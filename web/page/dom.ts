@@ -1,4 +1,4 @@
-import { mostShown, Piece, piecesOf, piecesOfBytes } from "./visible.js";
+import { mostShown, type Piece, piecesOf, piecesOfBytes } from "./visible.js";
 
 /** What an element is made of. A string becomes text, never markup. */
 export type Child = Node | string;
@@ -35,9 +35,24 @@ function cutNote(size: number): HTMLElement {
     return make("span", { class: "cut" }, `… cut here; ${kilobytes} KB are not shown`);
 }
 
+// A cut must not go through a character, or its halves would be shown as something that is not in the text.
+function cutText(text: string): string {
+    const isPair = /[\uD800-\uDBFF]/.test(text.charAt(mostShown - 1));
+    return text.slice(0, isPair ? mostShown - 1 : mostShown);
+}
+
+function cutBytes(bytes: Uint8Array): Uint8Array {
+    const isContinuation = (at: number): boolean => ((bytes[at] ?? 0) & 0xc0) === 0x80;
+    let end = mostShown;
+    while (isContinuation(end) && end > mostShown - 3) {
+        --end;
+    }
+    return bytes.subarray(0, end);
+}
+
 /** Text from a stranger: nothing in it is markup, turns the text around it, or hides. */
 export function strange(text: string): HTMLElement {
-    const shown = text.slice(0, mostShown);
+    const shown = cutText(text);
     const element = make("bdi", {}, ...nodesOf(piecesOf(shown)));
     if (shown.length < text.length) {
         element.append(cutNote(text.length - shown.length));
@@ -47,7 +62,7 @@ export function strange(text: string): HTMLElement {
 
 /** The same of bytes, which need not be UTF-8. */
 export function strangeBytes(bytes: Uint8Array): HTMLElement {
-    const shown = bytes.subarray(0, mostShown);
+    const shown = cutBytes(bytes);
     const element = make("bdi", {}, ...nodesOf(piecesOfBytes(shown)));
     if (shown.length < bytes.length) {
         element.append(cutNote(bytes.length - shown.length));

@@ -1,3 +1,5 @@
+export { encoded as bytesOf } from "../module/text.js";
+
 /** Where a payload came from. The picture of a mended code is not drawn for one that came by a link. */
 export type Origin = "text" | "picture" | "link";
 
@@ -5,13 +7,6 @@ export type Origin = "text" | "picture" | "link";
 export interface Payload {
     readonly bytes: Uint8Array;
     readonly origin: Origin;
-}
-
-const encoder = new TextEncoder();
-
-/** The UTF-8 of a text. */
-export function bytesOf(text: string): Uint8Array {
-    return encoder.encode(text);
 }
 
 /** The text of bytes; U+FFFD replaces those that are not UTF-8. */

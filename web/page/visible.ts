@@ -72,7 +72,7 @@ function readableBeginning(bytes: Uint8Array): { text: string; size: number } {
 /** The same of bytes. Those that are not UTF-8 become names such as \xE9. */
 export function piecesOfBytes(bytes: Uint8Array): Piece[] {
     const pieces: Piece[] = [];
-    for (let rest = bytes; rest.length > 0; ) {
+    for (let rest = bytes; rest.length > 0;) {
         const { text, size } = readableBeginning(rest);
         pieces.push(...piecesOf(text));
         const malformed = rest[size];

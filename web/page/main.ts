@@ -1,0 +1,186 @@
+import { Answer } from "./answer.js";
+import { Camera, hasCamera } from "./camera.js";
+import { copy } from "./clipboard.js";
+import { Codes } from "./codes.js";
+import { find } from "./dom.js";
+import { TextInput } from "./input.js";
+import { version } from "./library.js";
+import { fragmentOf, payloadIn } from "./link.js";
+import { bytesOf, type Payload } from "./payload.js";
+import { longestStrip } from "./strip.js";
+
+/** A refused code that can be mended: a wrong length in the merchant's name. */
+const example = "000201021041234567845204581253033565406250.005802IN5911KORVO CAFE6006MUMBAI63040AA4";
+
+const done = find("done", HTMLElement);
+const announce = (text: string): void => {
+    done.textContent = text;
+};
+const answer = new Answer(announce);
+const text = new TextInput(find("text", HTMLTextAreaElement), find("text-note", HTMLElement), (payload) => {
+    codes.unchoose();
+    show(payload);
+});
+const codes = new Codes(find("pictures", HTMLElement), (payload) => {
+    text.show(payload);
+    show(payload);
+});
+const camera = new Camera(find("video", HTMLVideoElement));
+let current: Payload | undefined;
+
+function show(payload: Payload): void {
+    current = payload.bytes.length === 0 ? undefined : payload;
+    announce("");
+    forgetLink(payload);
+    if (current === undefined) {
+        answer.clear();
+    } else {
+        answer.show(current);
+    }
+}
+
+// The address keeps the payload of a link while it is shown, and no longer.
+function forgetLink({ origin }: Payload): void {
+    if (origin !== "link" && location.hash !== "") {
+        history.replaceState(null, "", location.pathname + location.search);
+    }
+}
+
+function clear(): void {
+    camera.stop();
+    codes.clear();
+    const nothing: Payload = { bytes: new Uint8Array(), origin: "text" };
+    text.show(nothing);
+    show(nothing);
+}
+
+function showLink(): void {
+    const bytes = payloadIn(location.hash);
+    if (bytes === null) {
+        clear();
+        answer.clear("The link is damaged: the text in it cannot be read.");
+    } else if (bytes !== undefined) {
+        const payload: Payload = { bytes, origin: "link" };
+        codes.clear();
+        text.show(payload);
+        show(payload);
+    }
+}
+
+async function copyLink(): Promise<void> {
+    if (current === undefined) {
+        announce("There is no text to link to.");
+    } else if (current.bytes.length > longestStrip) {
+        announce("The text is too long for a link.");
+    } else {
+        const isCopied = await copy(location.href.replace(/#.*/, "") + "#" + fragmentOf(current.bytes));
+        announce(
+            isCopied
+                ? "The link is copied. It holds the text after its #, which browsers do not send to servers."
+                : "This browser does not let the page copy a link.",
+        );
+    }
+}
+
+async function showPictures(files: readonly File[]): Promise<void> {
+    announce(files.length === 1 ? "Reading the picture…" : `Reading ${files.length} pictures…`);
+    // The reader is large, and is only unpacked when there is a picture.
+    const { readPicture } = await import("./pictures.js");
+    const pictures = [];
+    for (const file of files) {
+        pictures.push(await readPicture(file.name || "the picture", file));
+    }
+    codes.show(pictures);
+    announce("");
+    if (codes.isEmpty) {
+        const nothing: Payload = { bytes: new Uint8Array(), origin: "picture" };
+        text.show(nothing);
+        show(nothing);
+        answer.clear(
+            pictures.length === 1
+                ? "No QR code was read in this picture. A sharper one, straight from the front, may help."
+                : "No QR code was read in these pictures. Sharper ones, straight from the front, may help.",
+        );
+    }
+    answer.bringIntoView();
+}
+
+async function useCamera(): Promise<void> {
+    const viewfinder = find("viewfinder", HTMLElement);
+    viewfinder.hidden = false;
+    announce("Hold the code in front of the camera.");
+    try {
+        const code = await camera.look();
+        announce("");
+        if (code?.payload !== undefined) {
+            const payload: Payload = { bytes: code.payload, origin: "picture" };
+            codes.clear();
+            text.show(payload);
+            show(payload);
+            answer.bringIntoView();
+        }
+    } catch {
+        announce("The camera cannot be used: there is none, or this page may not use it.");
+    } finally {
+        viewfinder.hidden = true;
+    }
+}
+
+function listen(id: string, act: () => void): void {
+    find(id, HTMLButtonElement).addEventListener("click", act);
+}
+
+function listenToButtons(): void {
+    const files = find("files", HTMLInputElement);
+    listen("choose", () => files.click());
+    files.addEventListener("change", () => {
+        void showPictures(Array.from(files.files ?? []));
+        files.value = "";
+    });
+    listen("camera", () => void useCamera());
+    listen("stop", () => camera.stop());
+    listen("clear", clear);
+    listen("link", () => void copyLink());
+    listen("example", () => {
+        const payload: Payload = { bytes: bytesOf(example), origin: "text" };
+        codes.clear();
+        text.show(payload);
+        show(payload);
+    });
+}
+
+function listenToDrops(): void {
+    const drop = find("drop", HTMLElement);
+    document.addEventListener("dragover", (event) => {
+        event.preventDefault();
+        drop.classList.add("over");
+    });
+    document.addEventListener("dragleave", () => drop.classList.remove("over"));
+    document.addEventListener("drop", (event) => {
+        event.preventDefault();
+        drop.classList.remove("over");
+        take(event.dataTransfer);
+    });
+    document.addEventListener("paste", (event) => {
+        if (take(event.clipboardData, event.target)) {
+            event.preventDefault();
+        }
+    });
+}
+
+// Takes pictures, or a text that the text field would not take as it is. Whether it took something.
+function take(data: DataTransfer | null, target?: EventTarget | null): boolean {
+    const files = Array.from(data?.files ?? []);
+    if (files.length > 0) {
+        void showPictures(files);
+        return true;
+    }
+    return text.take(data?.getData("text/plain") ?? "", target);
+}
+
+listenToButtons();
+listenToDrops();
+window.addEventListener("hashchange", showLink);
+find("version", HTMLElement).textContent = `KorvoQRParser ${version}.`;
+void hasCamera().then((isThere) => find("camera", HTMLElement).classList.toggle("absent", !isThere));
+showLink();
