@@ -1,5 +1,5 @@
 import { type Child, find, make } from "./dom.js";
-import { explained, explainJSON, type Explained, type Explanation, recordOf } from "./library.js";
+import { explained, explainJSON, type Explained, type Explanation, type QRCodeData, recordOf } from "./library.js";
 import { payeeOf } from "./payee.js";
 import type { Payload } from "./payload.js";
 import { type Announce, repairsOf } from "./repairs.js";
@@ -98,14 +98,14 @@ export class Answer {
         const all = explained(payload);
         const record = all.explanation.accepted ? recordOf(payload.bytes) : null;
         this.verdict.replaceChildren(...verdictOf(all.explanation));
-        this.explanation.replaceChildren(
-            ...(payload.origin === "link" ? [make("p", { class: "by-link" }, byLink)] : []),
-            ...(record === null ? [] : [payeeOf(record)]),
-            ...repairsOf(all, this.announce),
-            ...takenApart(all),
-        );
+        this.explanation.replaceChildren(...this.partsOf(all, record));
         this.record.show(record === null ? null : (): string => readable(record));
         this.json.show((): string => readable(JSON.parse(explainJSON(payload.bytes))));
+    }
+
+    /** Makes what is shown about a payload, and throws it away. */
+    prepare(payload: Payload): void {
+        this.partsOf(explained(payload), null);
     }
 
     /** Says instead why there is nothing to explain. */
@@ -118,6 +118,16 @@ export class Answer {
 
     /** Brings the verdict into view, for somebody who has just shown a picture on a small screen. */
     bringIntoView(): void {
-        this.verdict.scrollIntoView({ block: "nearest" });
+        const isLow = this.verdict.getBoundingClientRect().top > 0.7 * window.innerHeight;
+        this.verdict.scrollIntoView({ block: isLow ? "start" : "nearest" });
+    }
+
+    private partsOf(all: Explained, record: QRCodeData | null): Child[] {
+        return [
+            ...(all.payload.origin === "link" ? [make("p", { class: "by-link" }, byLink)] : []),
+            ...(record === null ? [] : [payeeOf(record)]),
+            ...repairsOf(all, this.announce),
+            ...takenApart(all),
+        ];
     }
 }

@@ -1,7 +1,7 @@
 import { canvasOf } from "./canvas.js";
 import { type Child, make, sentence, strange } from "./dom.js";
 import { boxAround, type Corners, isInside } from "./geometry.js";
-import { explained } from "./library.js";
+import { explained, recordOf } from "./library.js";
 import type { Payload } from "./payload.js";
 import type { Picture } from "./pictures.js";
 import type { ReadCode } from "./reader.js";
@@ -91,13 +91,13 @@ class PictureView {
         const all = code.payload && explained({ bytes: code.payload, origin: "picture" });
         const state = all === undefined ? "unreadable" : all.explanation.accepted ? "accepted" : "refused";
         const says = all === undefined ? `Unreadable: ${code.problem ?? ""}` : verdictText(all.explanation);
-        const name = all?.explanation.causes[0] ?? "";
+        const why = all && (all.explanation.causes[0] ?? recordOf(all.payload.bytes)?.merchantName);
         const button = make(
             "button",
             { type: "button", class: `code ${state}` },
             make("b", {}, String(number)),
             make("span", {}, says, " "),
-            make("span", { class: "why" }, sentence(name), " "),
+            make("span", { class: "why" }, sentence(why ?? ""), " "),
             make("span", { class: "place" }, placeOf(code.corners, this.picture.scale)),
         );
         button.disabled = all === undefined;

@@ -26,8 +26,17 @@ export function find<Type extends HTMLElement>(id: string, type: new () => Type)
     return element;
 }
 
-function nodesOf(pieces: readonly Piece[]): Child[] {
-    return pieces.map(({ text, isName }) => (isName ? make("span", { class: "invisible" }, text) : text));
+function nodesOf(pieces: readonly Piece[], asText: (text: string) => Child[]): Child[] {
+    return pieces.flatMap(({ text, isName }) => (isName ? [make("span", { class: "invisible" }, text)] : asText(text)));
+}
+
+// Letters that are written from right to left, with the marks and blanks between them.
+const letter = "[\\u0590-\\u08FF\\uFB1D-\\uFDFF\\uFE70-\\uFEFC\\u{10800}-\\u{10FFF}\\u{1E800}-\\u{1EFFF}]";
+const rightToLeft = new RegExp(`(${letter}(?:[\\p{M} ]*${letter})*\\p{M}*)`, "u");
+
+// Isolates them, so that a tag or a length after them stays after them.
+function inReadingOrder(text: string): Child[] {
+    return text.split(rightToLeft).map((part, i) => (i % 2 === 0 ? part : make("bdi", {}, part)));
 }
 
 function cutNote(size: number): HTMLElement {
@@ -53,17 +62,17 @@ function cutBytes(bytes: Uint8Array): Uint8Array {
 /** Text from a stranger: nothing in it is markup, turns the text around it, or hides. */
 export function strange(text: string): HTMLElement {
     const shown = cutText(text);
-    const element = make("bdi", {}, ...nodesOf(piecesOf(shown)));
+    const element = make("bdi", {}, ...nodesOf(piecesOf(shown), (part) => [part]));
     if (shown.length < text.length) {
         element.append(cutNote(text.length - shown.length));
     }
     return element;
 }
 
-/** The same of bytes, which need not be UTF-8. */
+/** The same of bytes of a payload, which need not be UTF-8. The characters are in the order of the payload. */
 export function strangeBytes(bytes: Uint8Array): HTMLElement {
     const shown = cutBytes(bytes);
-    const element = make("bdi", {}, ...nodesOf(piecesOfBytes(shown)));
+    const element = make("span", { class: "bytes", dir: "ltr" }, ...nodesOf(piecesOfBytes(shown), inReadingOrder));
     if (shown.length < bytes.length) {
         element.append(cutNote(bytes.length - shown.length));
     }

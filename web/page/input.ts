@@ -1,4 +1,5 @@
 import { bytesOf, isText, type Origin, type Payload, textOf } from "./payload.js";
+import { piecesOf } from "./visible.js";
 
 /** A browser needs seconds to lay out a megabyte, so the field has no more UTF-16 units than these. */
 const mostInField = 8192;
@@ -54,8 +55,9 @@ export class TextInput {
         if (this.field.value === "" || this.origin === "picture") {
             this.origin = "text";
         }
-        this.note.textContent = "";
-        this.explain({ bytes: bytesOf(this.field.value), origin: this.origin });
+        const bytes = bytesOf(this.field.value);
+        this.note.textContent = noteOn(bytes, false);
+        this.explain({ bytes, origin: this.origin });
     }
 }
 
@@ -63,5 +65,9 @@ function noteOn(bytes: Uint8Array, isCut: boolean): string {
     if (isCut) {
         return "Only the beginning of the text is in this field; all of it is explained.";
     }
-    return isText(bytes) ? "" : "Some bytes of the code are no text. They are lost when you edit it here.";
+    if (!isText(bytes)) {
+        return "Some bytes of the code are no text. They are lost when you edit it here.";
+    }
+    const isAllVisible = piecesOf(textOf(bytes)).every(({ isName }) => !isName);
+    return isAllVisible ? "" : "The text has characters that cannot be seen here. The answer shows them as numbers.";
 }
