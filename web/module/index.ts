@@ -51,16 +51,13 @@ export function parse(payload: Payload): ParserResponse {
 
 /** Explains one payload: its elements, the rules that they violate, the likely causes, and repairs. */
 export function explain(payload: Payload): Explanation {
-    return withLibrary((library) =>
-        library.explain(bytesOf(payload), (json, byteOffset) =>
-            withByteOffsets(JSON.parse(json) as Explanation, byteOffset),
-        ),
-    );
+    return explained(payload, (json, byteOffset) => withByteOffsets(JSON.parse(json) as Explanation, byteOffset));
 }
 
 /** The answer of `parse` as one line of JSON, as `korvoqr parse --format jsonl` prints it. */
 export function parseJSON(payload: Payload): string {
-    return withLibrary((library) => library.parse(bytesOf(payload)));
+    const bytes = bytesOf(payload);
+    return withLibrary((library) => library.parse(bytes));
 }
 
 /**
@@ -68,7 +65,7 @@ export function parseJSON(payload: Payload): string {
  * of a fault that is bytes that are not UTF-8.
  */
 export function explainJSON(payload: Payload): string {
-    return withLibrary((library) => library.explain(bytesOf(payload), (json) => json));
+    return explained(payload, (json) => json);
 }
 
 /** The letters of a currency: "INR" for "356", a record's currencyCode. Undefined if the rules refuse the number. */
@@ -76,6 +73,14 @@ export function alphabeticCurrencyCode(numericCode: string): string | undefined 
     return withLibrary((library) => library.alphabeticCurrencyCode(encoded(numericCode)));
 }
 
+function explained<T>(payload: Payload, use: (json: string, byteOffset: (offset: number) => number) => T): T {
+    const bytes = bytesOf(payload);
+    return withLibrary((library) => library.explain(bytes, use));
+}
+
 function bytesOf(payload: Payload): Uint8Array {
+    if (typeof payload !== "string" && !(payload instanceof Uint8Array)) {
+        throw new TypeError("A payload is a string or a Uint8Array.");
+    }
     return typeof payload === "string" ? encoded(payload) : payload;
 }

@@ -47,7 +47,7 @@ function instantiate(): Functions {
 /** What a function makes is null if memory ran out. WebAssembly passes addresses as signed numbers. */
 function made(pointer: Pointer): Pointer {
     if (pointer === 0) {
-        throw new RangeError("There is not enough memory.");
+        throw new Error("The library returned null.");
     }
     return pointer >>> 0;
 }
@@ -140,7 +140,8 @@ let current: Library | undefined;
 
 /**
  * Lets `work` use the library. It is compiled without exceptions: without memory it traps, or returns null. Then the
- * instance is left with everything in it, so that the next call begins with a new one.
+ * instance is left with everything in it, so that the next call begins with a new one. An answer can also be too long
+ * for a string.
  */
 export function withLibrary<T>(work: (library: Library) => T): T {
     const library = current ?? new Library();
@@ -150,8 +151,6 @@ export function withLibrary<T>(work: (library: Library) => T): T {
         current = library.memorySize > keptMemory ? undefined : library;
         return result;
     } catch (error) {
-        throw error instanceof WebAssembly.RuntimeError
-            ? new RangeError("There is not enough memory.", { cause: error })
-            : error;
+        throw new RangeError("There is not enough memory.", { cause: error });
     }
 }
