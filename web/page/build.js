@@ -6,6 +6,7 @@ import { mkdirSync, readFileSync, writeFileSync } from "node:fs";
 import { dirname, join } from "node:path";
 import { fileURLToPath } from "node:url";
 import { build } from "esbuild";
+import { licencesOfPage } from "../licences.js";
 
 const source = dirname(fileURLToPath(import.meta.url));
 
@@ -54,7 +55,8 @@ function selfContained(html, script, style) {
     let page = replaced(html, '<link rel="stylesheet" href="page.css" />', `<style>${style}</style>`);
     page = replaced(page, "script-src 'self'", `script-src ${sourceOf(script)}`);
     page = replaced(page, "style-src 'self'", `style-src ${sourceOf(style)}`);
-    return replaced(page, '<script type="module" src="page.js"></script>', `<script type="module">${script}</script>`);
+    page = replaced(page, '<script type="module" src="page.js"></script>', `<script type="module">${script}</script>`);
+    return `${page}<!--\n${licencesOfPage()}-->\n`;
 }
 
 const folder = process.argv[2];
@@ -68,4 +70,5 @@ mkdirSync(join(folder, "site"), { recursive: true });
 writeFileSync(join(folder, "site/index.html"), html);
 writeFileSync(join(folder, "site/page.js"), script);
 writeFileSync(join(folder, "site/page.css"), style);
+writeFileSync(join(folder, "site/licences.txt"), licencesOfPage());
 writeFileSync(join(folder, "korvoqr.html"), selfContained(html, script, style));

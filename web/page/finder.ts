@@ -22,6 +22,7 @@ class CodeFinder {
     private readonly codes: ReadCode[] = [];
     private unreadable: ReadCode[] = [];
     private readonly deadline = performance.now() + mostMilliseconds;
+    private lastRest = 0;
 
     /** Codes that have been read are painted over in the canvas. */
     constructor(
@@ -105,6 +106,7 @@ class CodeFinder {
         if (area.width < leastSide || area.height < leastSide) {
             return false;
         }
+        await this.letThePageAct();
         const { pixels, scale } = this.viewOf(area, look);
         look.treat?.(pixels);
         let isNew = false;
@@ -113,6 +115,14 @@ class CodeFinder {
             isNew = this.take({ ...code, corners }) || isNew;
         }
         return isNew;
+    }
+
+    private async letThePageAct(): Promise<void> {
+        const longestWait = 50;
+        if (performance.now() - this.lastRest > longestWait) {
+            await new Promise((resolve) => setTimeout(resolve));
+            this.lastRest = performance.now();
+        }
     }
 
     private viewOf(area: Box, look: Look): { pixels: ImageData; scale: number } {

@@ -59,8 +59,7 @@ function copyButton(repair: Repair, announce: Announce): HTMLElement {
     return button;
 }
 
-function pictureFor(repair: Repair): Child[] {
-    const address = pictureOf(bytesOf(repair.payload));
+function pictureParts(address: string | undefined): Child[] {
     if (address === undefined) {
         return [make("p", { class: "note" }, "No QR code holds as much as this.")];
     }
@@ -70,13 +69,22 @@ function pictureFor(repair: Repair): Child[] {
     ];
 }
 
+// Drawing takes longer than everything else, so the explanation is shown first.
+function pictureFor(repair: Repair): HTMLElement {
+    const place = make("div", { class: "picture" });
+    setTimeout(() => {
+        if (place.isConnected) {
+            place.replaceChildren(...pictureParts(pictureOf(bytesOf(repair.payload))));
+        }
+    });
+    return place;
+}
+
 /** A repair that the checksum vouches for, with all that a person needs to use it. */
 function vouched(explained: Explained, repair: Repair, announce: Announce): HTMLElement {
     const record = recordOf(bytesOf(repair.payload));
     const isFromLink = explained.payload.origin === "link";
-    const picture = isFromLink
-        ? [make("p", { class: "note" }, "There is no picture, because whoever made the link chose this text.")]
-        : pictureFor(repair);
+    const noPicture = "There is no picture, because whoever made the link chose this text.";
     return make(
         "article",
         { class: "repair vouched" },
@@ -84,7 +92,7 @@ function vouched(explained: Explained, repair: Repair, announce: Announce): HTML
         make(
             "div",
             { class: "offer" },
-            make("div", { class: "picture" }, ...picture),
+            isFromLink ? make("p", { class: "note" }, noPicture) : pictureFor(repair),
             make(
                 "div",
                 { class: "reading" },
