@@ -23,6 +23,11 @@ export function licencesOfModule() {
     const musl = text("/usr/share/emscripten/system/lib/libc/musl/COPYRIGHT");
     return [
         section(
+            "Unicode Character Database, from which the tables of characters are made",
+            "Copyright 1991-2022 Unicode, Inc. All rights reserved. Distributed under the Terms of\n" +
+                "Use in https://www.unicode.org/copyright.html.",
+        ),
+        section(
             "Emscripten, in the WebAssembly",
             "Copyright 2010-2022 The Emscripten Authors. Licensed under the MIT license, whose words\n" +
                 "are in the next section. Its memory allocator is by Doug Lea, in the public domain.",
