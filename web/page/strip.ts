@@ -55,8 +55,7 @@ class StripPainter {
             {
                 type: "button",
                 class: `element hue-${this.hue++ % hues}${isFaulty ? " faulty" : ""}`,
-                title: element.meaning,
-                "aria-label": `Tag ${name}: ${element.meaning}${isFaulty ? ", breaks a rule" : ""}`,
+                title: `Tag ${name}: ${element.meaning}${isFaulty ? ", breaks a rule" : ""}`,
                 "data-name": name,
             },
             this.run("tag", tag, length),
