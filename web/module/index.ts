@@ -79,8 +79,12 @@ function explained<T>(payload: Payload, use: (json: string, byteOffset: (offset:
 }
 
 function bytesOf(payload: Payload): Uint8Array {
-    if (typeof payload !== "string" && !(payload instanceof Uint8Array)) {
+    if (typeof payload === "string") {
+        return encoded(payload);
+    }
+    // Not instanceof: the array may come from another frame, or from a test's own world.
+    if (Object.prototype.toString.call(payload) !== "[object Uint8Array]") {
         throw new TypeError("A payload is a string or a Uint8Array.");
     }
-    return typeof payload === "string" ? encoded(payload) : payload;
+    return payload;
 }

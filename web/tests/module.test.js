@@ -7,6 +7,7 @@ import { tmpdir } from "node:os";
 import { join } from "node:path";
 import { test } from "node:test";
 import { fileURLToPath } from "node:url";
+import { runInNewContext } from "node:vm";
 
 const root = fileURLToPath(new URL("../..", import.meta.url));
 const korvoqr = process.env.KORVOQR ?? join(root, "build/release/tools/korvoqr/korvoqr");
@@ -121,6 +122,8 @@ test("a string is read as its UTF-8", () => {
         assert.equal(explainJSON(text), explainJSON(Uint8Array.from(bytes)), JSON.stringify(text));
         assert.deepEqual(parse(text).qrCodeError?.errorCodes, ["0"]);
     }
+    const elsewhere = runInNewContext(`Uint8Array.from(${JSON.stringify([...Buffer.from(accepted)])})`);
+    assert.ok(!(elsewhere instanceof Uint8Array) && parse(elsewhere).qrCodeData);
     for (const value of [undefined, null, 12, ["0002"], new ArrayBuffer(2)]) {
         assert.throws(() => parse(/** @type {any} */ (value)), new TypeError("A payload is a string or a Uint8Array."));
     }
