@@ -1,5 +1,5 @@
 const encoder = new TextEncoder();
-const decoder = new TextDecoder("utf-8", { ignoreBOM: true });
+const decoder = new TextDecoder();
 const loneSurrogate = /(\p{Surrogate})/u;
 
 /** The three bytes that UTF-8 would use for half a character. They are not valid UTF-8, so the parser refuses them. */
@@ -31,7 +31,7 @@ export function encoded(text: string): Uint8Array {
     );
 }
 
-/** The text of UTF-8, a byte order mark at its beginning included. */
+/** A text of the library that is not a payload's: JSON, a name. Neither begins with a byte order mark. */
 export function decoded(bytes: Uint8Array): string {
     return decoder.decode(bytes);
 }
