@@ -15,21 +15,28 @@ export async function hasCamera(): Promise<boolean> {
 /** Shows what the camera sees and looks for a code in it. */
 export class Camera {
     private stream: MediaStream | undefined;
+    private turn = 0;
 
     constructor(private readonly video: HTMLVideoElement) {}
 
     /** The first code that the camera sees; undefined if the camera is stopped before. Throws if there is none. */
     async look(): Promise<ReadCode | undefined> {
         this.stop();
+        const { turn } = this;
         const stream = await navigator.mediaDevices.getUserMedia({
             audio: false,
             video: { facingMode: "environment", width: { ideal: 1280 }, height: { ideal: 720 } },
         });
         this.stream = stream;
+        // Somebody may have stopped the camera while the browser asked whether it may be used.
+        if (turn !== this.turn) {
+            this.stop();
+            return undefined;
+        }
         this.video.srcObject = stream;
         await this.video.play();
         const { readCodes } = await import("./reader.js");
-        while (this.stream === stream) {
+        while (turn === this.turn) {
             const code = await this.lookOnce(readCodes);
             if (code !== undefined) {
                 this.stop();
@@ -41,6 +48,7 @@ export class Camera {
     }
 
     stop(): void {
+        ++this.turn;
         this.stream?.getTracks().forEach((track) => track.stop());
         this.stream = undefined;
         this.video.srcObject = null;

@@ -33,12 +33,24 @@ let current: Payload | undefined;
 
 function show(payload: Payload): void {
     current = payload.bytes.length === 0 ? undefined : payload;
+    camera.stop();
     announce("");
     forgetLink(payload);
     if (current === undefined) {
         answer.clear();
     } else {
-        answer.show(current);
+        explain(current);
+    }
+}
+
+function explain(payload: Payload): void {
+    try {
+        answer.show(payload);
+    } catch (error) {
+        if (!(error instanceof RangeError)) {
+            throw error;
+        }
+        answer.clear("There is not enough memory to explain this text.");
     }
 }
 
@@ -50,7 +62,7 @@ function forgetLink({ origin }: Payload): void {
 }
 
 function clear(): void {
-    camera.stop();
+    ++readings;
     codes.clear();
     const nothing: Payload = { bytes: new Uint8Array(), origin: "text" };
     text.show(nothing);
@@ -85,13 +97,19 @@ async function copyLink(): Promise<void> {
     }
 }
 
+let readings = 0;
+
 async function showPictures(files: readonly File[]): Promise<void> {
+    const reading = ++readings;
     announce(files.length === 1 ? "Reading the picture…" : `Reading ${files.length} pictures…`);
     // The reader is large, and is only unpacked when there is a picture.
     const { readPicture } = await import("./pictures.js");
     const pictures = [];
     for (const file of files) {
         pictures.push(await readPicture(file.name || "the picture", file));
+    }
+    if (reading !== readings) {
+        return; // there are newer pictures
     }
     codes.show(pictures);
     announce("");
@@ -170,10 +188,12 @@ function listenToDrops(): void {
     });
 }
 
-// Takes pictures, or a text that the text field would not take as it is. Whether it took something.
+// Takes pictures, or a text that the text field would not take as it is. Whether it took something. A spreadsheet puts a
+// picture of its cells beside their text.
 function take(data: DataTransfer | null, target?: EventTarget | null): boolean {
     const files = Array.from(data?.files ?? []);
-    if (files.length > 0) {
+    const isText = ["text/plain", "text/html"].every((type) => data?.types.includes(type));
+    if (files.length > 0 && !isText) {
         void showPictures(files);
         return true;
     }

@@ -102,7 +102,7 @@ export function stripOf(explained: Explained): HTMLElement {
         return make(
             "p",
             { class: "note" },
-            `These are ${kilobytes} KB, more than a QR code holds, so there is no strip.`,
+            `The text has ${kilobytes} KB, more than a QR code holds. Only the table shows its elements.`,
         );
     }
     return new StripPainter(explained).paint();

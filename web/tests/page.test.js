@@ -198,10 +198,12 @@ test("codes in pictures are listed with their places", async () => {
     const foreign = "https://example.com/a";
     const sheet = [accepted, refused, foreign, accepted, unverified, broken, accepted, refused, accepted];
     const one = (/** @type {string} */ payload) => [payload];
+    const stickers = Array.from({ length: 36 }, (_, i) => `sticker ${i}, ${foreign}`);
     /** @type {[string, string[]][]} */
     const cases = [
         [pictures.codes("one.png", 1, refused), one(refused)],
         [pictures.codes("sheet.png", 3, ...sheet), sheet],
+        [pictures.turned(6, ...stickers), stickers],
         [pictures.photograph(refused), one(refused)],
         [pictures.japanese(), one("点安")],
         [pictures.codes("utf8.png", 1, "मुंबई 🙂"), one("मुंबई 🙂")],
@@ -249,6 +251,14 @@ test("pictures come by dropping and pasting, several at once, and not all are pi
             explain(Buffer.from("0g411111111111111111\xE924581231M42IN53356", "latin1")).causes[0],
         );
         assert.equal(await page.locator(".rest").textContent(), "11✗ here\\xE924581231M42IN53356");
+        await page.evaluate((text) => {
+            const clipboardData = new DataTransfer();
+            clipboardData.items.add(new File([], "cells.png", { type: "image/png" }));
+            clipboardData.setData("text/plain", text);
+            clipboardData.setData("text/html", `<td>${text}</td>`);
+            document.body.dispatchEvent(new ClipboardEvent("paste", { clipboardData, bubbles: true }));
+        }, refused);
+        assert.equal(await firstCause(page), explain(refused).causes[0]);
         await give(page, "drop", given(one, notes, pictures.empty(), pictures.hidden()));
         assert.deepEqual(await captions(), [
             "dropped.png: 1 accepted",

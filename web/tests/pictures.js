@@ -38,6 +38,20 @@ export function codes(file, columns, ...texts) {
 }
 
 /**
+ * The same, small and turned.
+ * @param {number} columns
+ * @param {...string} texts
+ */
+export function turned(columns, ...texts) {
+    const flat = codes("flat.png", columns, ...texts);
+    return made(
+        "turned.jpg",
+        `pngtopnm "$1" | pamscale 0.5 | pnmrotate -background=white 3 | pnmtojpeg > turned.jpg`,
+        flat,
+    );
+}
+
+/**
  * A code on a wall, in dim light, seen from the side, by a hand that shook.
  * @param {string} text
  */
