@@ -1,5 +1,5 @@
 import { canvasOf } from "./canvas.js";
-import { type Box, boxAround, type Corners, inReadingOrder, overlap } from "./geometry.js";
+import { type Box, boxAround, collide, type Corners, inReadingOrder, isSquare, overlap } from "./geometry.js";
 import { type ReadCode, readCodes } from "./reader.js";
 import { sharpened, softened } from "./treatments.js";
 
@@ -39,7 +39,21 @@ class CodeFinder {
         if (this.codes.length !== 1 || this.unreadable.length > 0) {
             await this.searchTiles();
         }
-        return inReadingOrder([...this.codes, ...this.unreadable]);
+        return inReadingOrder([...this.codes, ...this.certainlyUnreadable()]);
+    }
+
+    // The marks of several codes together can look like a code with errors. Only a square beside all codes counts.
+    private certainlyUnreadable(): ReadCode[] {
+        const size = ({ corners }: ReadCode): number => boxAround(corners).width;
+        const isTaken = (code: ReadCode, others: readonly ReadCode[]): boolean =>
+            others.some(({ corners }) => collide(corners, code.corners));
+        const certain: ReadCode[] = [];
+        for (const code of this.unreadable.slice().sort((left, right) => size(left) - size(right))) {
+            if (isSquare(code.corners) && !isTaken(code, this.codes) && !isTaken(code, certain)) {
+                certain.push(code);
+            }
+        }
+        return certain;
     }
 
     // Looks at an area in one way after the other, until one finds something.

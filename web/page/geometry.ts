@@ -40,6 +40,40 @@ export function overlap(one: Corners, other: Corners): boolean {
     return isInside(centreOf(one), other) || isInside(centreOf(other), one);
 }
 
+function distance(one: Spot, other: Spot): number {
+    return Math.hypot(one.x - other.x, one.y - other.y);
+}
+
+/** Whether corners are those of a square that is seen a little from the side. */
+export function isSquare(corners: Corners): boolean {
+    const isSimilar = (lengths: number[]): boolean => Math.max(...lengths) <= 1.6 * Math.min(...lengths);
+    const to = (steps: number): number[] =>
+        corners.map((corner, i) => distance(corner, corners[(i + steps) % corners.length] ?? corner));
+    return isSimilar(to(1)) && isSimilar(to(2));
+}
+
+// Spots all over the corners, not quite to their edges.
+function spotsIn([topLeft, topRight, bottomRight, bottomLeft]: Corners): Spot[] {
+    if (!topLeft || !topRight || !bottomRight || !bottomLeft) {
+        return [];
+    }
+    const between = (one: Spot, other: Spot, share: number): Spot => ({
+        x: one.x + share * (other.x - one.x),
+        y: one.y + share * (other.y - one.y),
+    });
+    const shares = [0.08, 0.29, 0.5, 0.71, 0.92];
+    return shares.flatMap((down) =>
+        shares.map((across) =>
+            between(between(topLeft, topRight, across), between(bottomLeft, bottomRight, across), down),
+        ),
+    );
+}
+
+/** Whether one has a part of the other inside it. */
+export function collide(one: Corners, other: Corners): boolean {
+    return spotsIn(one).some((spot) => isInside(spot, other)) || spotsIn(other).some((spot) => isInside(spot, one));
+}
+
 /** The items in rows from the top, and each row from the left, even if the sheet is a little turned. */
 export function inReadingOrder<Item extends { readonly corners: Corners }>(items: readonly Item[]): Item[] {
     const x = (item: Item): number => centreOf(item.corners).x;

@@ -46,7 +46,7 @@ export function turned(columns, ...texts) {
     const flat = codes("flat.png", columns, ...texts);
     return made(
         "turned.jpg",
-        `pngtopnm "$1" | pamscale 0.5 | pnmrotate -background=white 3 | pnmtojpeg > turned.jpg`,
+        `pngtopnm "$1" | pamscale 0.45 | pnmrotate -background=white 3 | pnmtojpeg > turned.jpg`,
         flat,
     );
 }
