@@ -82,6 +82,12 @@ function showLink(): void {
     }
 }
 
+function aboutLink(): string {
+    return location.protocol === "file:"
+        ? "The link is copied. It only works on this device, because this page is a file on it."
+        : "The link is copied. It holds the text after its #, which browsers do not send to servers.";
+}
+
 async function copyLink(): Promise<void> {
     if (current === undefined) {
         announce("There is no text to link to.");
@@ -89,11 +95,7 @@ async function copyLink(): Promise<void> {
         announce("The text is too long for a link.");
     } else {
         const isCopied = await copy(location.href.replace(/#.*/, "") + "#" + fragmentOf(current.bytes));
-        announce(
-            isCopied
-                ? "The link is copied. It holds the text after its #, which browsers do not send to servers."
-                : "This browser does not let the page copy a link.",
-        );
+        announce(isCopied ? aboutLink() : "This browser does not let the page copy a link.");
     }
 }
 

@@ -267,11 +267,12 @@ test("pictures come by dropping and pasting, several at once, and not all are pi
             "hidden.png: 1 unreadable",
         ]);
         assert.match((await verdict(page)) ?? "", /Accepted/);
-        for (const nothing of [notes, pictures.empty(), pictures.hidden()]) {
+        for (const nothing of [notes, pictures.empty(), pictures.hidden(), pictures.split()]) {
             await give(page, "drop", given(nothing));
             assert.match((await verdict(page)) ?? "", /^No QR code was read in this picture/);
             assert.equal((await page.textContent("#explanation")) + (await page.inputValue("#text")), "");
         }
+        assert.match((await page.textContent(".code")) ?? "", /^1Unreadable: it holds one part of a text/);
     });
 });
 
@@ -333,6 +334,12 @@ test("a link holds every payload, is labelled, and gets no picture", async () =>
         await withPage({ url: `${site}#payload=%%%` }, async (other) => {
             assert.equal(await verdict(other), "The link is damaged: the text in it cannot be read.");
         });
+    });
+});
+
+test("a browser that cannot run the page is told so", async () => {
+    await withPage({ javaScriptEnabled: false }, async (page) => {
+        await page.waitForSelector(".late", { state: "visible" });
     });
 });
 

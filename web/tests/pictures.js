@@ -90,6 +90,11 @@ export function empty() {
     return made("empty.png", "pgmnoise -randomseed=1 300 300 | pnmtopng > empty.png");
 }
 
+/** One of several codes that hold a text together. */
+export function split() {
+    return made("split-01.png", "qrencode -S -v 1 -o split.png 0g411111111111111111a24581231M42IN53356");
+}
+
 /** A code with something over most of it. */
 export function hidden() {
     const script = `
