@@ -5,12 +5,9 @@ function row(name: string, kind: string, ...value: Child[]): HTMLElement {
     return make("div", { class: kind }, make("dt", {}, name), make("dd", {}, ...value));
 }
 
-function amountOf(record: QRCodeData): Child[] {
-    const currency = alphabeticCurrencyCode(record.currencyCode ?? "") ?? record.currencyCode ?? "";
-    const { transactionAmount } = record;
-    return transactionAmount === null
-        ? ["any amount, in ", strange(currency)]
-        : [strange(transactionAmount), " ", strange(currency)];
+function amountOf({ currencyCode }: QRCodeData, amount: string | null): Child[] {
+    const currency = strange(alphabeticCurrencyCode(currencyCode) ?? currencyCode);
+    return amount === null ? ["any amount, in ", currency] : [strange(amount), " ", currency];
 }
 
 /** Who is paid, and how much, in large type: what a person compares before anybody pays. */
@@ -18,13 +15,13 @@ export function payeeOf(record: QRCodeData): HTMLElement {
     const list = make(
         "dl",
         { class: "payee" },
-        row("Merchant", "merchant", strange(record.merchantName ?? "")),
-        row("City", "city", strange(record.cityName ?? "")),
-        row("Amount", "amount", ...amountOf(record)),
-        row("Identifier", "identifier", strange(record.korvoMerchantID ?? "")),
+        row("Merchant", "merchant", strange(record.merchantName)),
+        row("City", "city", strange(record.cityName)),
+        row("Amount", "amount", ...amountOf(record, record.transactionAmount)),
+        row("Identifier", "identifier", strange(record.korvoMerchantID)),
     );
     if (record.convenienceFeeAmount !== null) {
-        list.append(row("Fee", "fee", strange(record.convenienceFeeAmount)));
+        list.append(row("Fee", "fee", ...amountOf(record, record.convenienceFeeAmount)));
     }
     if (record.convenienceFeePercentage !== null) {
         list.append(row("Fee", "fee", strange(record.convenienceFeePercentage), " %"));

@@ -97,6 +97,12 @@ test("the verdict, the causes and what is missing are the library's", async () =
         await type(page, accepted);
         await page.click("#record summary");
         assert.deepEqual(JSON.parse((await page.textContent("#record pre")) ?? ""), parse(accepted).qrCodeData);
+        const until = "000201021041234567845204581253033565406100.00";
+        const from = "5802IN5910KORVO CAFE6006MUMBAI6304";
+        await type(page, `${until}55020256041.50${from}A481`);
+        assert.match((await page.textContent(".payee")) ?? "", /Amount100\.00 INR.*Fee1\.50 INR$/);
+        await type(page, `${until}55020357042.50${from}4B67`);
+        assert.match((await page.textContent(".payee")) ?? "", /Fee2\.50 %$/);
         await page.click("#clear");
         assert.equal(await verdict(page), "There is no code yet.");
         assert.equal(await page.textContent("#explanation"), "");
