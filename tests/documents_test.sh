@@ -90,7 +90,7 @@ for document in $documents; do
         done
     done
     for name in $(files_named "$document"); do
-        [[ -n $(find "$source" -path "$source/build" -prune -o -path "*/$name" -print -quit) ]] ||
+        [[ -n $(find "$source" \( -path "$source/build" -o -name node_modules \) -prune -o -path "*/$name" -print -quit) ]] ||
             fail "${document##*/} names $name, which does not exist"
     done
 done
