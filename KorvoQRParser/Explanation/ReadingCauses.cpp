@@ -4,7 +4,6 @@
 #include <KorvoQRParser/Explanation/VisibleText.h>
 #include <KorvoQRParser/Explanation/WalkedElements.h>
 
-
 namespace korvo {
 
 namespace {
