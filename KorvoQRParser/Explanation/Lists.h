@@ -3,8 +3,9 @@
 
 #include <iterator>
 
-/// Searches through whole lists. The standard algorithms are the same, but often repeat the test four times
-/// to be fast; the explanation has dozens of them, and should be small.
+// Searches through whole lists. The standard algorithms do the same, but repeat their loops four times to be
+// fast. The explanation has dozens of such searches, and should be small.
+
 namespace korvo {
 
 /// The first part that passes the test, or the end.
