@@ -166,13 +166,13 @@ void comparePlaces(const korvoqr_explanation* c, const QRCodeExplanation& cpp) {
         EXPECT_EQ(cpp.payload().compare(korvoqr_explanation_byte_offset(c, offset), text.size(), text), 0)
             << text << " at " << offset;
     };
-    const auto expectAll = [&](auto& self, const std::vector<QRCodeElement>& elements) -> void {
-        for (const QRCodeElement& element : elements) {
-            expectAt(element.offset(), element.tag() + element.length() + element.value());
-            self(self, element.elements());
-        }
+    const auto expectElement = [&](const QRCodeElement& element) {
+        expectAt(element.offset(), element.tag() + element.length() + element.value());
     };
-    expectAll(expectAll, cpp.elements());
+    for (const QRCodeElement& element : cpp.elements()) {
+        expectElement(element);
+        std::for_each(element.elements().begin(), element.elements().end(), expectElement);
+    }
     for (const auto* const repairs : {&cpp.repairs(), &cpp.unverified()}) {
         for (const QRCodeRepair& repair : *repairs) {
             for (const QRCodeEdit& edit : repair.edits()) {
